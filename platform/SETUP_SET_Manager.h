@@ -1,0 +1,48 @@
+// The settings store: values kept by group, key and type.
+#pragma once
+
+#include "AM_Global.h"
+
+#include <QString>
+
+/**
+ * One access to the settings of an application.
+ *
+ * A read sets the out value to the stored value, or to the default when nothing is stored under this
+ * group, key and type. A write or flush() that answers false leaves the reason in errno: ENOSPC when
+ * the file system is full. errno must survive until the caller has looked at it.
+ */
+class SETUP_SET_Manager {
+public:
+    /**
+     * @param app the application whose settings are accessed
+     * @param commitEachWrite true: a write that answered true is durable. false: writes are collected
+     *        and become durable, all or none, with flush() or when the object goes.
+     */
+    SETUP_SET_Manager(AM_Global::Apps app, bool commitEachWrite);
+    ~SETUP_SET_Manager();
+
+    SETUP_SET_Manager(const SETUP_SET_Manager &) = delete;
+    SETUP_SET_Manager &operator=(const SETUP_SET_Manager &) = delete;
+
+    bool getSettingInfo(QString group, QString key, bool &value, bool defaultValue);
+    bool getSettingInfo(QString group, QString key, int &value, int defaultValue);
+    bool getSettingInfo(QString group, QString key, QString &value, QString defaultValue, bool encrypted);
+
+    bool setSettingInfo(QString group, QString key, bool value);
+    bool setSettingInfo(QString group, QString key, int value);
+    bool setSettingInfo(QString group, QString key, QString value, bool encrypted);
+
+    /** Makes the collected writes durable, all or none. */
+    bool flush();
+
+private:
+    enum class Collection { Empty, Open, Failed };
+
+    bool keep(bool written);
+
+    AM_Global::Apps m_app;
+    bool m_commitEachWrite;
+    Collection m_collection = Collection::Empty;
+    int m_failure = 0; ///< errno of the collected write that failed
+};
