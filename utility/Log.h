@@ -1,0 +1,36 @@
+// The engine's log: one line a call, in one of two shapes.
+#pragma once
+
+#include "LogModule.h"
+
+#include <cstdarg>
+#include <cstdio>
+
+namespace {
+
+constexpr int engineLogLevel = 3;
+constexpr int highestPrintedLevel = 7;
+
+/** Internal linkage: a unit logs through its own copy and exports nothing for it. */
+[[maybe_unused]] [[gnu::format(printf, 2, 3)]] void PHONE_ENG_Log(int level, const char *format, ...)
+{
+    if (level > highestPrintedLevel)
+        return;
+    std::FILE *const stream = libaplog_to_module_ptr ? libaplog_to_module_ptr : stdout;
+    va_list arguments;
+    va_start(arguments, format);
+    std::vfprintf(stream, format, arguments);
+    va_end(arguments);
+}
+
+} // namespace
+
+// Macros, since a line names the function and the line that it stands in. unitPath is the unit's own.
+
+/** The bare location trace that brackets most platform calls. */
+#define LOG_TRACE() PHONE_ENG_Log(engineLogLevel, "%s,%s,%d \n", unitPath, __func__, __LINE__)
+
+/** A message. Write the text as a raw string literal: a backslash in it is printed as a backslash. */
+#define LOG_MESSAGE(text, ...)                                                                               \
+    PHONE_ENG_Log(engineLogLevel, "\n%s, %s, %d: \"" text "\"\n", unitPath, __func__,                        \
+                  __LINE__ __VA_OPT__(, ) __VA_ARGS__)
