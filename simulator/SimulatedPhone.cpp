@@ -1,0 +1,174 @@
+// The simulated phone itself: journal, scripts, link, and how calls are described.
+#include "SimulatedPhone.h"
+
+#include "PlatformCall.h"
+
+#include <sys/socket.h>
+#include <unistd.h>
+
+/** Both ends of the client's socket. */
+struct SimulatedPhone::Link {
+    Link()
+    {
+        if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0)
+            ends = {-1, -1};
+    }
+    ~Link()
+    {
+        for (const int end : ends) {
+            if (end >= 0)
+                close(end);
+        }
+    }
+    Link(const Link &) = delete;
+    Link &operator=(const Link &) = delete;
+
+    std::array<int, 2> ends = {-1, -1};
+};
+
+SimulatedPhone::SimulatedPhone() = default;
+SimulatedPhone::~SimulatedPhone() = default;
+
+SimulatedPhone &SimulatedPhone::instance()
+{
+    static SimulatedPhone phone;
+    return phone;
+}
+
+void SimulatedPhone::reset()
+{
+    m_state = {};
+    m_link.reset();
+    m_journal.clear();
+    m_scripts.clear();
+    m_answerer = nullptr;
+}
+
+void SimulatedPhone::note(std::string entry)
+{
+    if (m_journalEnabled)
+        m_journal.push_back(std::move(entry));
+}
+
+std::vector<std::string> SimulatedPhone::takeJournal()
+{
+    return std::exchange(m_journal, {});
+}
+
+void SimulatedPhone::tellObserver(const std::string &call, const std::string &answer)
+{
+    if (m_observer)
+        m_observer(call, answer);
+}
+
+void SimulatedPhone::script(const std::string &function, ScriptedAnswer answer)
+{
+    m_scripts[function] = std::move(answer);
+}
+
+void SimulatedPhone::clearScript(const std::string &function)
+{
+    m_scripts.erase(function);
+}
+
+const ScriptedAnswer *SimulatedPhone::scriptedAnswer(std::string_view function)
+{
+    const auto found = m_scripts.find(function);
+    if (found == m_scripts.end())
+        return m_answerer ? m_answerer(function) : nullptr;
+    if (found->second.times < 0)
+        return &found->second;
+    m_lastAnswer = found->second;
+    if (--found->second.times <= 0)
+        m_scripts.erase(found);
+    return &m_lastAnswer;
+}
+
+void SimulatedPhone::openLink()
+{
+    if (!m_link)
+        m_link = std::make_unique<Link>();
+}
+
+void SimulatedPhone::closeLink()
+{
+    m_link.reset();
+}
+
+int SimulatedPhone::linkDescriptor() const
+{
+    return m_link ? m_link->ends[0] : -1;
+}
+
+namespace Simulator {
+
+namespace {
+
+void appendQuoted(std::string &text, const char *bytes, std::size_t size)
+{
+    constexpr char hexDigits[] = "0123456789abcdef";
+    text += '"';
+    for (std::size_t position = 0; position < size; ++position) {
+        const auto byte = static_cast<unsigned char>(bytes[position]);
+        if (byte == '"' || byte == '\\') {
+            text += '\\';
+            text += bytes[position];
+        } else if (byte < 0x20 || byte == 0x7F) {
+            text += {'\\', 'x', hexDigits[byte >> 4], hexDigits[byte & 15]};
+        } else {
+            text += bytes[position];
+        }
+    }
+    text += '"';
+}
+
+} // namespace
+
+void append(std::string &text, const Field &field)
+{
+    const std::size_t length = strnlen(field.data, field.size);
+    const bool zeroFilled =
+        std::all_of(field.data + length, field.data + field.size, [](char byte) { return byte == 0; });
+    appendQuoted(text, field.data, zeroFilled ? length : field.size);
+    text += '[' + std::to_string(field.size) + ']';
+    if (length == field.size)
+        text += " unterminated";
+}
+
+void append(std::string &text, const Bytes &bytes)
+{
+    constexpr char hexDigits[] = "0123456789abcdef";
+    text += '<';
+    for (std::size_t position = 0; position < bytes.size; ++position)
+        text += {hexDigits[bytes.data[position] >> 4], hexDigits[bytes.data[position] & 15]};
+    text += '>';
+}
+
+void append(std::string &text, const QString &value)
+{
+    append(text, value.toUtf8());
+}
+
+void append(std::string &text, const QByteArray &value)
+{
+    appendQuoted(text, value.constData(), static_cast<std::size_t>(value.size()));
+}
+
+void append(std::string &text, const char *value)
+{
+    appendQuoted(text, value, std::strlen(value));
+}
+
+void append(std::string &text, bool value)
+{
+    text += value ? "true" : "false";
+}
+
+void append(std::string &text, char value)
+{
+    text += '\'';
+    text += value;
+    text += '\'';
+}
+
+} // namespace Simulator
