@@ -5,7 +5,7 @@
 
 #include <cstddef>
 
-typedef char TAPI_PHONE_NUMBER_A[42];            // at most 41 characters
+typedef char TAPI_PHONE_NUMBER_A[42];             // at most 41 characters
 typedef unsigned char TAPI_PHONEBOOK_NAME_A[102]; // UCS-2, low byte first, at most 50 characters
 
 struct [[gnu::packed]] _TAPI_OWNNUMBER_ENTRY_S {

@@ -44,8 +44,7 @@ extern "C" {
 /** Dials @p dialString; the platform writes the id of the new call to @p callId. */
 _TAPI_RESULT_E TAPI_VOICE_MakeCall(signed char option, unsigned char *dialString, unsigned char *callId);
 _TAPI_RESULT_E TAPI_VOICE_MakeStkCall(unsigned char *dialString, _TAPI_VOICE_DIAL_CALL_TYPE_E dialType,
-                                      unsigned char redialMode, unsigned int duration,
-                                      unsigned char *callId);
+                                      unsigned char redialMode, unsigned int duration, unsigned char *callId);
 _TAPI_RESULT_E TAPI_VOICE_AnswerCall(unsigned char callId, _TAPI_VOICE_ANSWER_CALL_TYPE_E answerType);
 _TAPI_RESULT_E TAPI_VOICE_DropCall(unsigned char callId, _TAPI_VOICE_DROP_CALL_TYPE_E dropType);
 _TAPI_RESULT_E TAPI_VOICE_HoldCall(unsigned char callId);

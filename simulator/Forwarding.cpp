@@ -110,10 +110,9 @@ _TAPI_RESULT_E TAPI_CS_CancelAllDivert()
 
 _TAPI_RESULT_E TAPI_CPHS_GetCallDivertStatus(unsigned char *line1, unsigned char *line2)
 {
-    return platformCall("TAPI_CPHS_GetCallDivertStatus", {Out(line1), Out(line2)},
-                        [=](PhoneState &phone) {
-                            *line1 = isForwarded(phone, 0) ? 1 : 0;
-                            *line2 = isForwarded(phone, 1) ? 1 : 0;
-                            return TAPI_RESULT_SUCC;
-                        });
+    return platformCall("TAPI_CPHS_GetCallDivertStatus", {Out(line1), Out(line2)}, [=](PhoneState &phone) {
+        *line1 = isForwarded(phone, 0) ? 1 : 0;
+        *line2 = isForwarded(phone, 1) ? 1 : 0;
+        return TAPI_RESULT_SUCC;
+    });
 }

@@ -82,9 +82,9 @@ void append(std::string &text, bool value);
 void append(std::string &text, char value);
 
 template <typename Number>
-    requires(std::is_integral_v<Number> || std::is_enum_v<Number>)
 void append(std::string &text, Number value)
 {
+    static_assert(std::is_integral_v<Number> || std::is_enum_v<Number>);
     if constexpr (std::is_enum_v<Number>)
         text += std::to_string(static_cast<std::underlying_type_t<Number>>(value));
     else

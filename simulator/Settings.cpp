@@ -24,7 +24,8 @@ SETUP_SET_Manager::SETUP_SET_Manager(AM_Global::Apps app, bool commitEachWrite)
     : m_app(app)
     , m_commitEachWrite(commitEachWrite)
 {
-    platformCall("SETUP_SET_Manager", {}, [](PhoneState &) {}, app, commitEachWrite);
+    platformCall(
+        "SETUP_SET_Manager", {}, [](PhoneState &) {}, app, commitEachWrite);
 }
 
 SETUP_SET_Manager::~SETUP_SET_Manager()
@@ -101,8 +102,7 @@ bool SETUP_SET_Manager::setSettingInfo(QString group, QString key, QString value
     return platformCall(
         "SETUP_SET_Manager::setSettingInfo", {},
         [&](PhoneState &) {
-            return keep(
-                store().writeText({m_app, group, key}, value, m_commitEachWrite ? nullptr : this));
+            return keep(store().writeText({m_app, group, key}, value, m_commitEachWrite ? nullptr : this));
         },
         group, key, value, encrypted);
 }

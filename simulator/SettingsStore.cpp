@@ -15,10 +15,12 @@
 
 namespace {
 
-constexpr char createTable[] = "CREATE TABLE IF NOT EXISTS settings (app INTEGER NOT NULL, grp TEXT NOT NULL, "
-                               "key TEXT NOT NULL, type INTEGER NOT NULL, value NOT NULL, "
-                               "PRIMARY KEY (app, grp, key, type)) WITHOUT ROWID";
-constexpr char selectValue[] = "SELECT value FROM settings WHERE app = ? AND grp = ? AND key = ? AND type = ?";
+constexpr char createTable[] =
+    "CREATE TABLE IF NOT EXISTS settings (app INTEGER NOT NULL, grp TEXT NOT NULL, "
+    "key TEXT NOT NULL, type INTEGER NOT NULL, value NOT NULL, "
+    "PRIMARY KEY (app, grp, key, type)) WITHOUT ROWID";
+constexpr char selectValue[] =
+    "SELECT value FROM settings WHERE app = ? AND grp = ? AND key = ? AND type = ?";
 constexpr char replaceValue[] = "REPLACE INTO settings (app, grp, key, type, value) VALUES (?, ?, ?, ?, ?)";
 
 int errnoOf(int code, int systemError)
@@ -249,8 +251,7 @@ sqlite3_stmt *SettingsStore::readStatement(const Name &name, Type type)
         return nullptr;
     if (!m_read) {
         sqlite3_stmt *statement = nullptr;
-        const int code =
-            sqlite3_prepare_v2(m_connection.get(), selectValue, -1, &statement, nullptr);
+        const int code = sqlite3_prepare_v2(m_connection.get(), selectValue, -1, &statement, nullptr);
         if (code != SQLITE_OK) {
             // SQLITE_ERROR: the table is not there yet, so nothing is stored.
             if (code != SQLITE_ERROR)

@@ -90,8 +90,8 @@ void UTIL_SetCardType(int type)
 void UTIL_SetActiveAccount(int position)
 {
     platformCall(
-        "UTIL_SetActiveAccount", {},
-        [position](PhoneState &phone) { phone.shared.activeAccount = position; }, position);
+        "UTIL_SetActiveAccount", {}, [position](PhoneState &phone) { phone.shared.activeAccount = position; },
+        position);
 }
 
 int UTIL_GetIncomingCallStatus()

@@ -230,8 +230,8 @@ _TAPI_RESULT_E TAPI_VOICE_LinkCall(unsigned char firstCallId, unsigned char seco
     return platformCall(
         "TAPI_VOICE_LinkCall", {},
         [=](PhoneState &phone) {
-            const _TAPI_RESULT_E result = onTwoCalls(
-                phone, firstCallId, secondCallId, [](_TAPI_CALL_SESSION_S &, _TAPI_CALL_SESSION_S &) {});
+            const _TAPI_RESULT_E result = onTwoCalls(phone, firstCallId, secondCallId,
+                                                     [](_TAPI_CALL_SESSION_S &, _TAPI_CALL_SESSION_S &) {});
             if (result == TAPI_RESULT_SUCC) {
                 removeCall(phone, firstCallId);
                 removeCall(phone, secondCallId);
@@ -368,7 +368,6 @@ _TAPI_RESULT_E TAPI_CALL_GetAllCallSessions(_TAPI_CALL_SESSION_TABLE_S *table)
 _TAPI_RESULT_E TAPI_USSD_MakeRequest(_TAPI_USSD_REQ_APP_MSG_S *request)
 {
     return platformCall(
-        "TAPI_USSD_MakeRequest", {}, [](PhoneState &) { return TAPI_RESULT_SUCC; },
-        request->dataCodingScheme,
+        "TAPI_USSD_MakeRequest", {}, [](PhoneState &) { return TAPI_RESULT_SUCC; }, request->dataCodingScheme,
         Bytes(request->text, std::min<std::size_t>(request->length, sizeof request->text)));
 }

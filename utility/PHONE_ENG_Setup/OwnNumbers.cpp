@@ -94,8 +94,7 @@ _TAPI_RESULT_E PHONE_ENG_Setup::setMyNumber(int line, const QString &number, con
     LOG_MESSAGE(R"(PHONE_ENG_Setup::setMyNumber. line %d,number %s,name %s)", line, lowerNumber.constData(),
                 name.toLatin1().constData());
     LOG_TRACE();
-    const _TAPI_RESULT_E result =
-        TAPI_OWNNUMBER_SaveEntry(static_cast<short>(line), numberField, nameField);
+    const _TAPI_RESULT_E result = TAPI_OWNNUMBER_SaveEntry(static_cast<short>(line), numberField, nameField);
     LOG_TRACE();
     return result;
 }

@@ -13,10 +13,22 @@
 namespace Settings {
 
 /** The groups that the engine uses. */
-inline QString setupGroup() { return QStringLiteral("Setup"); }
-inline QString turboDialingGroup() { return QStringLiteral("Turbo Dialing"); }
-inline QString videoCallGroup() { return QStringLiteral("RVCSetting"); }
-inline QString matchingGroup() { return QStringLiteral("matching_indicate"); }
+inline QString setupGroup()
+{
+    return QStringLiteral("Setup");
+}
+inline QString turboDialingGroup()
+{
+    return QStringLiteral("Turbo Dialing");
+}
+inline QString videoCallGroup()
+{
+    return QStringLiteral("RVCSetting");
+}
+inline QString matchingGroup()
+{
+    return QStringLiteral("matching_indicate");
+}
 
 template <typename Value>
 Value read(const QString &group, const QString &key, const Value &defaultValue)
