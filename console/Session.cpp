@@ -1,0 +1,302 @@
+// Running lines: operations, commands and scripts.
+#include "Session.h"
+
+#include "SimulatedPhone.h"
+
+#include "LogModule.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace Console {
+
+namespace {
+
+bool systemStatus = true;
+
+/** Words that are near enough to what was typed to be meant by it. */
+QStringList near(const QString &typed, const QStringList &names)
+{
+    QStringList found;
+    for (const QString &name : names) {
+        if (name.contains(typed, Qt::CaseInsensitive))
+            found += name;
+    }
+    return found.mid(0, 5);
+}
+
+} // namespace
+
+bool splitWords(const QString &line, QStringList &words)
+{
+    QString word;
+    bool inWord = false;
+    bool inQuotes = false;
+    for (const QChar character : line) {
+        if (character == QLatin1Char('"')) {
+            inQuotes = !inQuotes;
+            inWord = true;
+        } else if (character.isSpace() && !inQuotes) {
+            if (inWord)
+                words += word;
+            word.clear();
+            inWord = false;
+        } else {
+            word += character;
+            inWord = true;
+        }
+    }
+    if (inWord)
+        words += word;
+    return !inQuotes;
+}
+
+Session::Session()
+    : m_out(stdout)
+    , m_noLog(std::fopen("/dev/null", "w"))
+{
+    addCommands();
+    addPhoneCommands();
+    setLogShown(false);
+    SimulatedPhone::instance().setObserver([this](const std::string &call, const std::string &answer) {
+        if (!m_callsShown)
+            return;
+        const QString line = QStringLiteral("  ") + QString::fromStdString(call);
+        say(answer.empty() ? line : line + QStringLiteral(" = ") + QString::fromStdString(answer));
+    });
+}
+
+Session::~Session()
+{
+    SimulatedPhone::instance().setObserver(nullptr);
+    libaplog_to_module_ptr = nullptr;
+}
+
+void Session::setLogShown(bool shown)
+{
+    libaplog_to_module_ptr = shown ? nullptr : m_noLog.get();
+}
+
+Status Session::runLine(const QString &line)
+{
+    const QString trimmed = line.trimmed();
+    if (m_echo)
+        say(trimmed.isEmpty() || trimmed.startsWith(QLatin1Char('#')) ? trimmed
+                                                                      : QStringLiteral("> ") + trimmed);
+    if (trimmed.isEmpty() || trimmed.startsWith(QLatin1Char('#')))
+        return Status::Done;
+    QStringList words;
+    if (!splitWords(trimmed, words))
+        return mistake(QStringLiteral("a quotation mark is not closed"));
+    return run(words);
+}
+
+Status Session::run(QStringList words)
+{
+    const QString name = words.takeFirst();
+    return name.startsWith(QLatin1Char('.')) ? runCommand(name, words) : runOperation(name, words);
+}
+
+Status Session::runScript(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+        return mistake(QStringLiteral("cannot read %1: %2").arg(path, file.errorString()));
+    const QString outerPlace = m_place;
+    Status status = Status::Done;
+    for (int line = 1; !file.atEnd() && status == Status::Done; ++line) {
+        m_place = QStringLiteral("%1:%2: ").arg(path).arg(line);
+        status = runLine(QString::fromUtf8(file.readLine()));
+    }
+    m_place = outerPlace;
+    return status;
+}
+
+QStringList Session::completions(const QString &line) const
+{
+    QStringList names;
+    const QStringList words = line.split(QLatin1Char(' '));
+    if (words.size() > 1 && words.first() == QLatin1String(".help")) {
+        for (const Operation &operation : operations())
+            names += operation.name;
+    } else if (words.size() > 1) {
+        const QString &command = words.first();
+        if (command == QLatin1String(".fail") || command == QLatin1String(".answer")
+            || command == QLatin1String(".pass")) {
+            for (const std::string_view function : SimulatedPhone::functionNames())
+                names += QString::fromLatin1(function.data(), static_cast<int>(function.size()));
+        }
+    } else {
+        for (const Operation &operation : operations())
+            names << operation.name << operation.fullName();
+        for (const Command &command : m_commands)
+            names += command.name;
+    }
+    const QString prefix = words.last();
+    names.removeDuplicates();
+    names.erase(std::remove_if(names.begin(), names.end(),
+                               [&](const QString &name) { return !name.startsWith(prefix); }),
+                names.end());
+    names.sort();
+    return names;
+}
+
+Status Session::runOperation(const QString &name, const QStringList &words)
+{
+    std::vector<const Operation *> found;
+    for (const Operation &operation : operations()) {
+        if (operation.name == name || operation.fullName() == name)
+            found.push_back(&operation);
+    }
+    if (found.size() > 1)
+        return mistake(QStringLiteral("%1 is in two classes: expected %2 or %3")
+                           .arg(name, found[0]->fullName(), found[1]->fullName()));
+    if (found.empty()) {
+        QStringList names;
+        for (const Operation &operation : operations())
+            names += operation.name;
+        const QStringList meant = near(name, names);
+        return mistake(QStringLiteral("there is no operation %1: expected %2")
+                           .arg(name,
+                                meant.isEmpty() ? QStringLiteral("a name that .list shows")
+                                                : meant.join(QStringLiteral(", "))));
+    }
+    watchSignals();
+    const Outcome outcome = found.front()->call(words);
+    if (!outcome.error.isEmpty())
+        return mistake(QStringLiteral("%1: %2; usage: %1 %3").arg(name, outcome.error, found.front()->usage));
+    for (const QString &line : outcome.lines)
+        say(line);
+    // What the engine has put off until the event loop runs happens now.
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
+    return Status::Done;
+}
+
+Status Session::runCommand(const QString &name, const QStringList &words)
+{
+    const auto found = std::find_if(m_commands.begin(), m_commands.end(),
+                                    [&](const Command &command) { return command.name == name; });
+    if (found == m_commands.end())
+        return mistake(QStringLiteral("there is no command %1: expected one that .help shows").arg(name));
+    if (words.size() < found->fewest || words.size() > found->most)
+        return mistake(QStringLiteral("%1: wrong number of arguments; usage: %1 %2").arg(name, found->usage));
+    const QString error = found->run(words);
+    if (!error.isEmpty())
+        return mistake(QStringLiteral("%1: %2; usage: %1 %3").arg(name, error, found->usage));
+    return m_quit ? Status::Quit : Status::Done;
+}
+
+Status Session::mistake(const QString &text)
+{
+    m_out.flush();
+    QTextStream(stderr) << "error: " << m_place << text << '\n';
+    return Status::Mistake;
+}
+
+/** An operation may delete an object, so both are made, if need be, and watched before each one. */
+void Session::watchSignals()
+{
+    const auto show = [this](const char *signal) {
+        return [this, signal] { say(QStringLiteral("  signal %1").arg(QLatin1String(signal))); };
+    };
+    PHONE_ENG_Setup *const setup = PHONE_ENG_Setup::instance();
+    if (m_watchedSetup != setup) {
+        m_watchedSetup = setup;
+        QObject::connect(setup, &PHONE_ENG_Setup::flashFull, setup, show("flashFull()"));
+        QObject::connect(setup, &PHONE_ENG_Setup::sigSetupOpertionNotAllowed, setup,
+                         show("sigSetupOpertionNotAllowed()"));
+        QObject::connect(setup, &PHONE_ENG_Setup::updateCallForwardingFlag, setup,
+                         show("updateCallForwardingFlag()"));
+    }
+    PHONE_ENG_NtInterface *const network = PHONE_ENG_NtInterface::instance();
+    if (m_watchedNetwork != network) {
+        m_watchedNetwork = network;
+        QObject::connect(network, &PHONE_ENG_NtInterface::preferredChanged, network,
+                         show("preferredChanged()"));
+    }
+}
+
+void Session::say(const QString &text)
+{
+    m_out << text << '\n';
+    m_out.flush();
+}
+
+QString Session::showHelp(const QStringList &words)
+{
+    if (words.isEmpty()) {
+        say(QStringLiteral("Type the name of an operation and its arguments, or one of these:"));
+        for (const Command &command : m_commands)
+            say(QStringLiteral("  %1 %2\n      %3").arg(command.name, command.usage, command.help));
+        return {};
+    }
+    bool found = false;
+    for (const Operation &operation : operations()) {
+        if (operation.name == words.first() || operation.fullName() == words.first()) {
+            say(QStringLiteral("%1 %2").arg(operation.fullName(), operation.usage));
+            found = true;
+        }
+    }
+    return found ? QString() : QStringLiteral("there is no operation %1").arg(words.first());
+}
+
+void Session::addCommands()
+{
+    const auto onOff = [](const QStringList &words, const std::function<void(bool)> &set) {
+        const auto on = Value<bool>::parse(words.first());
+        if (!on)
+            return QStringLiteral("cannot be %1: expected on or off").arg(quoted(words.first()));
+        set(*on);
+        return QString();
+    };
+    m_commands = {
+        {QStringLiteral(".help"), QStringLiteral("[OPERATION]"),
+         QStringLiteral("Shows the commands, or what an operation takes and gives."), 0, 1,
+         [this](const QStringList &words) { return showHelp(words); }},
+        {QStringLiteral(".list"), QStringLiteral("[TEXT]"),
+         QStringLiteral("Lists the operations, or those whose names contain a text."), 0, 1,
+         [this](const QStringList &words) {
+             for (const Operation &operation : operations()) {
+                 if (words.isEmpty() || operation.fullName().contains(words.first(), Qt::CaseInsensitive))
+                     say(QStringLiteral("%1 %2").arg(operation.fullName(), operation.usage).trimmed());
+             }
+             return QString();
+         }},
+        {QStringLiteral(".calls"), QStringLiteral("on|off"),
+         QStringLiteral("Shows the platform calls that an operation makes (on at the start)."), 1, 1,
+         [this, onOff](const QStringList &words) {
+             return onOff(words, [this](bool on) { setCallsShown(on); });
+         }},
+        {QStringLiteral(".log"), QStringLiteral("on|off"),
+         QStringLiteral("Shows the engine's log lines (off at the start)."), 1, 1,
+         [this, onOff](const QStringList &words) {
+             return onOff(words, [this](bool on) { setLogShown(on); });
+         }},
+        {QStringLiteral(".hook"), QStringLiteral("on|off"),
+         QStringLiteral("What the system-status hook answers (on at the start)."), 1, 1,
+         [onOff](const QStringList &words) { return onOff(words, [](bool on) { systemStatus = on; }); }},
+        {QStringLiteral(".source"), QStringLiteral("FILE"), QStringLiteral("Runs the lines of a file."), 1, 1,
+         [this](const QStringList &words) {
+             const Status status = runScript(words.first());
+             m_quit = status == Status::Quit;
+             return status == Status::Mistake ? QStringLiteral("the script has a mistake") : QString();
+         }},
+        {QStringLiteral(".quit"), QString(), QStringLiteral("Leaves the console."), 0, 0,
+         [this](const QStringList &) {
+             m_quit = true;
+             return QString();
+         }},
+    };
+}
+
+} // namespace Console
+
+// The console is a host with a hook of its own, to show what the engine does when it refuses.
+bool PHONE_ENG_Setup::setupCheckSystemStatus()
+{
+    return Console::systemStatus;
+}
