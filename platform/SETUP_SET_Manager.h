@@ -39,6 +39,7 @@ public:
 private:
     enum class Collection { Empty, Open, Failed };
 
+    bool mayWrite() const;
     bool keep(bool written);
 
     AM_Global::Apps m_app;

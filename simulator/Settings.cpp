@@ -80,7 +80,8 @@ bool SETUP_SET_Manager::setSettingInfo(QString group, QString key, bool value)
     return platformCall(
         "SETUP_SET_Manager::setSettingInfo", {},
         [&](PhoneState &) {
-            return keep(store().writeInteger({m_app, group, key}, SettingsStore::Type::Bool, value ? 1 : 0,
+            return mayWrite()
+                && keep(store().writeInteger({m_app, group, key}, SettingsStore::Type::Bool, value ? 1 : 0,
                                              m_commitEachWrite ? nullptr : this));
         },
         group, key, value);
@@ -91,7 +92,8 @@ bool SETUP_SET_Manager::setSettingInfo(QString group, QString key, int value)
     return platformCall(
         "SETUP_SET_Manager::setSettingInfo", {},
         [&](PhoneState &) {
-            return keep(store().writeInteger({m_app, group, key}, SettingsStore::Type::Int, value,
+            return mayWrite()
+                && keep(store().writeInteger({m_app, group, key}, SettingsStore::Type::Int, value,
                                              m_commitEachWrite ? nullptr : this));
         },
         group, key, value);
@@ -102,7 +104,8 @@ bool SETUP_SET_Manager::setSettingInfo(QString group, QString key, QString value
     return platformCall(
         "SETUP_SET_Manager::setSettingInfo", {},
         [&](PhoneState &) {
-            return keep(store().writeText({m_app, group, key}, value, m_commitEachWrite ? nullptr : this));
+            return mayWrite()
+                && keep(store().writeText({m_app, group, key}, value, m_commitEachWrite ? nullptr : this));
         },
         group, key, value, encrypted);
 }
@@ -122,12 +125,19 @@ bool SETUP_SET_Manager::flush()
     });
 }
 
-/** A collection with one failed write is given up as a whole. */
+/** A collection with one failed write is given up as a whole, so nothing more goes into it. */
+bool SETUP_SET_Manager::mayWrite() const
+{
+    if (m_collection == Collection::Failed)
+        errno = m_failure;
+    return m_collection != Collection::Failed;
+}
+
 bool SETUP_SET_Manager::keep(bool written)
 {
     if (m_commitEachWrite)
         return written;
-    if (!written && m_collection != Collection::Failed) {
+    if (!written) {
         m_collection = Collection::Failed;
         m_failure = errno;
     } else if (m_collection == Collection::Empty) {

@@ -1,0 +1,136 @@
+// The console: what it keeps, what it shows, and how it takes a mistake.
+#include <QFile>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QSet>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct Output {
+    int status;
+    std::string text;
+    std::string errors;
+};
+
+class ConsoleTest : public testing::Test {
+protected:
+    Output run(QStringList arguments, const QByteArray &input = {})
+    {
+        QProcess console;
+        arguments.prepend(m_directory.filePath(QStringLiteral("settings.db")));
+        arguments.prepend(QStringLiteral("--settings"));
+        console.start(QStringLiteral(KVQ_CONSOLE), arguments);
+        console.write(input);
+        console.closeWriteChannel();
+        EXPECT_TRUE(console.waitForFinished());
+        return {console.exitCode(), console.readAllStandardOutput().toStdString(),
+                console.readAllStandardError().toStdString()};
+    }
+
+    static QStringList words(const char *line) { return QString::fromLatin1(line).split(QLatin1Char(' ')); }
+
+    QTemporaryDir m_directory;
+};
+
+TEST_F(ConsoleTest, SettingsAreKeptFromOneRunToTheNext)
+{
+    EXPECT_EQ(run(words("-q isRoamAlert")).text, "result = false\n");
+    EXPECT_EQ(run(words("setRoamAlert on")).text,
+              "  SETUP_SET_Manager(4, true)\n"
+              "  SETUP_SET_Manager::setSettingInfo(\"Setup\", \"roamAlert\", true) = true\n"
+              "  ~SETUP_SET_Manager()\nresult = true\n");
+    EXPECT_EQ(run(words("-q isRoamAlert")).text, "result = true\n");
+}
+
+TEST_F(ConsoleTest, MistakesAreNamedAndNothingIsCalled)
+{
+    const struct {
+        const char *line;
+        const char *error;
+    } rows[] = {
+        {"setRoamalert on", "there is no operation setRoamalert: expected setRoamAlert"},
+        {"setRoamAlert perhaps", "on cannot be \"perhaps\": expected true or false"},
+        {"setRoamAlert", "on is missing: expected true or false"},
+        {"setRoamAlert on off", "too many arguments: off"},
+        {"divertVoiceCallsWithTime on 5 256", "time cannot be \"256\": expected a number from 0 to 255"},
+        {"getVoiceCallsDivert never",
+         "expected unconditional, busy, no-reply, not-reachable, all, "
+         "all-conditional or a number from 0 to 4294967295"},
+        {"getSearchMode", "expected PHONE_ENG_Setup::getSearchMode or PHONE_ENG_NtInterface::getSearchMode"},
+        {".fail TAPI_NO_SUCH 1", "there is no platform function TAPI_NO_SUCH"},
+        {".nothing", "there is no command .nothing"},
+        {".ring", "wrong number of arguments"},
+        {"--nothing", "Unknown option 'nothing'"},
+    };
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.line);
+        const Output output = run(words(row.line));
+        EXPECT_EQ(output.status, 2);
+        EXPECT_EQ(output.text, "");
+        EXPECT_NE(output.errors.find(row.error), std::string::npos) << output.errors;
+    }
+}
+
+TEST_F(ConsoleTest, AScriptStopsAtItsFirstMistake)
+{
+    const QString script = m_directory.filePath(QStringLiteral("script"));
+    QFile file(script);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("# a comment\n\nisReminder\nisReminder now\nsetReminder off\n");
+    file.close();
+    const Output output = run({QStringLiteral("-q"), QStringLiteral("--script"), script});
+    EXPECT_EQ(output.status, 2);
+    EXPECT_EQ(output.text, "result = true\n");
+    EXPECT_NE(output.errors.find("script:4: isReminder: too many arguments: now"), std::string::npos);
+}
+
+TEST_F(ConsoleTest, ThePromptGoesOnAfterAMistakeAndShowsSignals)
+{
+    const Output output = run(words("-q"),
+                              "nothing\n.disk full\nsetReminder off\n.fail TAPI_CS_SelectLine 5 1\n"
+                              "setLineNo 2\nsetLineNo 2\n.log on\ngetServiceTone\n");
+    EXPECT_EQ(output.status, 0);
+    EXPECT_NE(
+        output.text.find("result = false\n  signal flashFull()\nresult = 5\nresult = 0 (TAPI_RESULT_SUCC)\n"
+                         "utility/PHONE_ENG_NtInterface,getServiceTone,"),
+        std::string::npos)
+        << output.text;
+}
+
+TEST_F(ConsoleTest, EveryExportedOperationIsReachable)
+{
+    const QString listed = QString::fromStdString(run(words(".list")).text);
+    QSet<QString> reachable;
+    for (const QString &line : listed.split(QLatin1Char('\n')))
+        reachable.insert(line.section(QLatin1Char(' '), 0, 0));
+    QFile symbols(QStringLiteral(KVQ_EXPORTED_SYMBOLS));
+    ASSERT_TRUE(symbols.open(QIODevice::ReadOnly));
+    // What the toolkit calls, and data.
+    const QRegularExpression notOperations(
+        QStringLiteral("^(typeinfo|vtable)|::(qt_meta|metaObj|staticMetaObject|m_pInstance|initMetaObject|"
+                       "event$|SignalEvent|~|"
+                       "flashFull|sigSetup|updateCallForwardingFlag|preferredChanged|PHONE_ENG_)"));
+    int operations = 0;
+    for (const QString &symbol : QString::fromUtf8(symbols.readAll()).split(QLatin1Char('\n'))) {
+        const QString name = symbol.section(QRegularExpression(QStringLiteral("[(@]")), 0, 0);
+        if (name.isEmpty() || notOperations.match(name).hasMatch())
+            continue;
+        ++operations;
+        EXPECT_TRUE(reachable.contains(name)) << name.toStdString();
+    }
+    EXPECT_GT(operations, 180);
+}
+
+TEST_F(ConsoleTest, TheTourEndsWell)
+{
+    const Output output =
+        run({QStringLiteral("--script"), QStringLiteral(KVQ_TOUR), QStringLiteral("--echo")});
+    EXPECT_EQ(output.status, 0);
+    EXPECT_EQ(output.errors, "");
+    EXPECT_NE(output.text.find("QCopChannel::send(\"/KVQ/PHONE/SIM\", \"PIN OK\")"), std::string::npos);
+}
+
+} // namespace
