@@ -74,7 +74,7 @@ bool PHONE_ENG_NtInterface::delAllPreferredNetwork()
     if (!getPreferredNetworks(&list))
         return false;
     int max = -1;
-    for (int entry = std::min(list.count, TAPI_NETWORK_MAX_PREFERRED) - 1; entry >= 0; --entry) {
+    for (int entry = std::clamp(list.count, 0, TAPI_NETWORK_MAX_PREFERRED) - 1; entry >= 0; --entry) {
         const int priority = list.entries[entry].priority;
         LOG_MESSAGE(R"(priority = %d\n)", priority);
         LOG_MESSAGE(R"(max = %d\n)", max);
