@@ -15,102 +15,102 @@ constexpr unsigned short hearingAidFlexBit = 408;
 
 bool PHONE_ENG_Setup::isReminder()
 {
-    return Settings::read(Settings::setupGroup(), QStringLiteral("reminder"), true);
+    return Settings::read(Settings::setupGroup, "reminder", true);
 }
 
 bool PHONE_ENG_Setup::setReminder(bool on)
 {
-    return Settings::write(*this, Settings::setupGroup(), QStringLiteral("reminder"), on);
+    return Settings::write(*this, Settings::setupGroup, "reminder", on);
 }
 
 bool PHONE_ENG_Setup::isFlipAnswer()
 {
-    return Settings::read(Settings::setupGroup(), QStringLiteral("flipAnswer"), false);
+    return Settings::read(Settings::setupGroup, "flipAnswer", false);
 }
 
 bool PHONE_ENG_Setup::setFlipAnswer(bool on)
 {
-    return Settings::write(*this, Settings::setupGroup(), QStringLiteral("flipAnswer"), on);
+    return Settings::write(*this, Settings::setupGroup, "flipAnswer", on);
 }
 
 bool PHONE_ENG_Setup::isAnykeyAnswer()
 {
-    return Settings::read(Settings::setupGroup(), QStringLiteral("anykeyAnswer"), false);
+    return Settings::read(Settings::setupGroup, "anykeyAnswer", false);
 }
 
 bool PHONE_ENG_Setup::setAnykeyAnswer(bool on)
 {
-    return Settings::write(*this, Settings::setupGroup(), QStringLiteral("anykeyAnswer"), on);
+    return Settings::write(*this, Settings::setupGroup, "anykeyAnswer", on);
 }
 
 bool PHONE_ENG_Setup::isAutoAnswer()
 {
-    return Settings::read(Settings::setupGroup(), QStringLiteral("autoAnswer"), false);
+    return Settings::read(Settings::setupGroup, "autoAnswer", false);
 }
 
 bool PHONE_ENG_Setup::setAutoAnswer(bool on)
 {
     if (!setupCheckSystemStatus())
         return false;
-    return Settings::write(*this, Settings::setupGroup(), QStringLiteral("autoAnswer"), on);
+    return Settings::write(*this, Settings::setupGroup, "autoAnswer", on);
 }
 
 bool PHONE_ENG_Setup::isPrepend()
 {
-    return Settings::read(Settings::setupGroup(), QStringLiteral("prepend"), false);
+    return Settings::read(Settings::setupGroup, "prepend", false);
 }
 
 bool PHONE_ENG_Setup::setPrepend(bool on)
 {
     if (!setupCheckSystemStatus())
         return false;
-    return Settings::write(*this, Settings::setupGroup(), QStringLiteral("prepend"), on);
+    return Settings::write(*this, Settings::setupGroup, "prepend", on);
 }
 
 bool PHONE_ENG_Setup::isMsgAlert()
 {
-    return Settings::read(Settings::setupGroup(), QStringLiteral("msgAlert"), false);
+    return Settings::read(Settings::setupGroup, "msgAlert", false);
 }
 
 bool PHONE_ENG_Setup::setMsgAlert(bool on)
 {
     if (!setupCheckSystemStatus())
         return false;
-    return Settings::write(*this, Settings::setupGroup(), QStringLiteral("msgAlert"), on);
+    return Settings::write(*this, Settings::setupGroup, "msgAlert", on);
 }
 
 bool PHONE_ENG_Setup::isRoamAlert()
 {
-    return Settings::read(Settings::setupGroup(), QStringLiteral("roamAlert"), false);
+    return Settings::read(Settings::setupGroup, "roamAlert", false);
 }
 
 bool PHONE_ENG_Setup::setRoamAlert(bool on)
 {
     if (!setupCheckSystemStatus())
         return false;
-    return Settings::write(*this, Settings::setupGroup(), QStringLiteral("roamAlert"), on);
+    return Settings::write(*this, Settings::setupGroup, "roamAlert", on);
 }
 
 bool PHONE_ENG_Setup::isAutoFallbackVoiceCall()
 {
-    return Settings::read(Settings::setupGroup(), QStringLiteral("AutoFallbackVoiceCall"), false);
+    return Settings::read(Settings::setupGroup, "AutoFallbackVoiceCall", false);
 }
 
 bool PHONE_ENG_Setup::setAutoFallbackVoiceCall(bool on)
 {
     if (!setupCheckSystemStatus())
         return false;
-    return Settings::write(*this, Settings::setupGroup(), QStringLiteral("AutoFallbackVoiceCall"), on);
+    return Settings::write(*this, Settings::setupGroup, "AutoFallbackVoiceCall", on);
 }
 
 bool PHONE_ENG_Setup::isHACOn()
 {
-    return Settings::read(Settings::setupGroup(), QStringLiteral("HearingAidCapability"), false);
+    return Settings::read(Settings::setupGroup, "HearingAidCapability", false);
 }
 
 bool PHONE_ENG_Setup::setHAC(bool on)
 {
-    return Settings::write(*this, Settings::setupGroup(), QStringLiteral("HearingAidCapability"), on);
+    return Settings::write(*this, Settings::setupGroup, "HearingAidCapability", on);
 }
 
 bool PHONE_ENG_Setup::isHACEnabled()
@@ -123,7 +123,7 @@ bool PHONE_ENG_Setup::isHACEnabled()
 
 bool PHONE_ENG_Setup::getAudibleTimer(int &timer)
 {
-    timer = Settings::read(Settings::setupGroup(), QStringLiteral("audibleTimer"), -1);
+    timer = Settings::read(Settings::setupGroup, "audibleTimer", -1);
     return true;
 }
 
@@ -131,7 +131,7 @@ bool PHONE_ENG_Setup::setAudibleTimer(int timer)
 {
     if (!setupCheckSystemStatus())
         return false;
-    return Settings::write(*this, Settings::setupGroup(), QStringLiteral("audibleTimer"), timer);
+    return Settings::write(*this, Settings::setupGroup, "audibleTimer", timer);
 }
 
 bool PHONE_ENG_Setup::getHyphenation(PHONE_SETUP_HYPHENATION_T &mode)
@@ -141,7 +141,7 @@ bool PHONE_ENG_Setup::getHyphenation(PHONE_SETUP_HYPHENATION_T &mode)
         mode = PHONE_SETUP_HYPHENATION_NOT_SUPPORTED;
         return false;
     }
-    const int stored = Settings::read(Settings::setupGroup(), QStringLiteral("HyphenSetting"),
+    const int stored = Settings::read(Settings::setupGroup, "HyphenSetting",
                                       static_cast<int>(PHONE_SETUP_HYPHENATION_DEFAULT));
     mode = static_cast<PHONE_SETUP_HYPHENATION_T>(stored);
     UTIL_SetDialHyphenation(stored);
@@ -152,18 +152,14 @@ bool PHONE_ENG_Setup::setHyphenation(PHONE_SETUP_HYPHENATION_T mode)
 {
     if (!setupCheckSystemStatus())
         return false;
-    return Settings::write(*this, Settings::setupGroup(), QStringLiteral("HyphenSetting"),
-                           static_cast<int>(mode), [mode](bool stored) {
-                               if (stored)
-                                   UTIL_SetDialHyphenation(mode);
-                           });
+    return Settings::write(*this, Settings::setupGroup, "HyphenSetting", static_cast<int>(mode),
+                           UTIL_SetDialHyphenation);
 }
 
 bool PHONE_ENG_Setup::getSearchMode(PHONE_SETUP_SEARCH_MODE_T &mode)
 {
-    mode = static_cast<PHONE_SETUP_SEARCH_MODE_T>(
-        Settings::read(Settings::setupGroup(), QStringLiteral("SearchMode"),
-                       static_cast<int>(PHONE_SETUP_SEARCH_MODE_DEFAULT)));
+    mode = static_cast<PHONE_SETUP_SEARCH_MODE_T>(Settings::read(
+        Settings::setupGroup, "SearchMode", static_cast<int>(PHONE_SETUP_SEARCH_MODE_DEFAULT)));
     return true;
 }
 
@@ -171,19 +167,18 @@ bool PHONE_ENG_Setup::setSearchMode(PHONE_SETUP_SEARCH_MODE_T mode)
 {
     if (!setupCheckSystemStatus())
         return false;
-    return Settings::write(*this, Settings::setupGroup(), QStringLiteral("SearchMode"),
-                           static_cast<int>(mode));
+    return Settings::write(*this, Settings::setupGroup, "SearchMode", static_cast<int>(mode));
 }
 
 bool PHONE_ENG_Setup::getMatchNumIndicate(int &indicate)
 {
-    indicate = Settings::read(Settings::matchingGroup(), QStringLiteral("MatchNumIndicate"), 3);
+    indicate = Settings::read(Settings::matchingGroup, "MatchNumIndicate", 3);
     return true;
 }
 
 bool PHONE_ENG_Setup::getNddPrefix(QString &prefix)
 {
-    prefix = Settings::read(Settings::setupGroup(), QStringLiteral("NDDPrefix"), QStringLiteral("0"));
+    prefix = Settings::read(Settings::setupGroup, "NDDPrefix", QStringLiteral("0"));
     return true;
 }
 

@@ -5,72 +5,28 @@
 
 #include "SETUP_SET_Manager.h"
 
-#include <QString>
-
-#include <cerrno>
-#include <type_traits>
-
 namespace Settings {
 
 /** The groups that the engine uses. */
-inline QString setupGroup()
-{
-    return QStringLiteral("Setup");
-}
-inline QString turboDialingGroup()
-{
-    return QStringLiteral("Turbo Dialing");
-}
-inline QString videoCallGroup()
-{
-    return QStringLiteral("RVCSetting");
-}
-inline QString matchingGroup()
-{
-    return QStringLiteral("matching_indicate");
-}
+constexpr char setupGroup[] = "Setup";
+constexpr char turboDialingGroup[] = "Turbo Dialing";
+constexpr char videoCallGroup[] = "RVCSetting";
+constexpr char matchingGroup[] = "matching_indicate";
 
+/** Reads a bool, an int or a QString; an absent key gives the default. */
 template <typename Value>
-Value read(const QString &group, const QString &key, const Value &defaultValue)
-{
-    SETUP_SET_Manager store(AM_Global::CallSetup, false);
-    Value value = defaultValue;
-    if constexpr (std::is_same_v<Value, QString>)
-        store.getSettingInfo(group, key, value, defaultValue, false);
-    else
-        store.getSettingInfo(group, key, value, defaultValue);
-    return value;
-}
+Value read(const char *group, const char *key, const Value &defaultValue);
 
+/** Writes one of these through a store that is open. */
 template <typename Value>
-bool put(SETUP_SET_Manager &store, const QString &group, const QString &key, const Value &value)
-{
-    if constexpr (std::is_same_v<Value, QString>)
-        return store.setSettingInfo(group, key, value, false);
-    else
-        return store.setSettingInfo(group, key, value);
-}
+bool put(SETUP_SET_Manager &store, const char *group, const char *key, const Value &value);
 
-/** Stores one value durably. @p report hears the answer while the store is still open. */
-template <typename Value, typename Report>
-bool write(PHONE_ENG_Setup &engine, const QString &group, const QString &key, const Value &value,
-           Report report)
-{
-    SETUP_SET_Manager store(AM_Global::CallSetup, true);
-    const bool stored = put(store, group, key, value);
-    const int reason = errno; // a report that logs may change errno
-    report(stored);
-    if (!stored) {
-        errno = reason;
-        engine.checkFlashFull();
-    }
-    return stored;
-}
-
+/**
+ * Stores one of these durably, or raises the signal of a full disk.
+ * @param publish called with the stored value while the store is still open
+ */
 template <typename Value>
-bool write(PHONE_ENG_Setup &engine, const QString &group, const QString &key, const Value &value)
-{
-    return write(engine, group, key, value, [](bool) {});
-}
+bool write(PHONE_ENG_Setup &engine, const char *group, const char *key, const Value &value,
+           void (*publish)(Value) = nullptr);
 
 } // namespace Settings

@@ -9,21 +9,26 @@ constexpr int lastSlot = 9;
 constexpr int defaultLocation = 2;
 constexpr char suffixMark = '@';
 
-QString oneTouchKey(unsigned char slot)
+QByteArray entryKey(int slot)
 {
-    return QStringLiteral("OneTouchNumber") + QString::number(slot, 10);
+    return QByteArray::number(slot, 10);
 }
 
-QString locationKey(unsigned char slot)
+QByteArray oneTouchKey(unsigned char slot)
 {
-    return QStringLiteral("SpeedLocation") + QString::number(slot, 10);
+    return "OneTouchNumber" + QByteArray::number(slot, 10);
+}
+
+QByteArray locationKey(unsigned char slot)
+{
+    return "SpeedLocation" + QByteArray::number(slot, 10);
 }
 
 } // namespace
 
 bool PHONE_ENG_Setup::isOneTouchNumber(unsigned char slot, QString &number)
 {
-    number = Settings::read(Settings::turboDialingGroup(), oneTouchKey(slot), QStringLiteral(""));
+    number = Settings::read(Settings::turboDialingGroup, oneTouchKey(slot).constData(), QStringLiteral(""));
     if (number.isEmpty())
         return false;
     LOG_MESSAGE(R"(the onetouchnumber %d is not null, it is %s)", slot, number.toLatin1().constData());
@@ -35,7 +40,7 @@ QString PHONE_ENG_Setup::getTurboDialing(int slot, bool full)
     QString number;
     if (isOneTouchNumber(static_cast<unsigned char>(slot), number))
         return number;
-    number = Settings::read(Settings::turboDialingGroup(), QString::number(slot, 10), QStringLiteral(""));
+    number = Settings::read(Settings::turboDialingGroup, entryKey(slot).constData(), QStringLiteral(""));
     return full ? number : number.left(number.indexOf(QLatin1Char(suffixMark)));
 }
 
@@ -50,7 +55,7 @@ bool PHONE_ENG_Setup::setTurboDialing(int slot, const QString &number)
 {
     if (!setupCheckSystemStatus())
         return false;
-    return Settings::write(*this, Settings::turboDialingGroup(), QString::number(slot, 10), number);
+    return Settings::write(*this, Settings::turboDialingGroup, entryKey(slot).constData(), number);
 }
 
 bool PHONE_ENG_Setup::setTurboDialing(const QStringList &list)
@@ -62,7 +67,7 @@ bool PHONE_ENG_Setup::setTurboDialing(const QStringList &list)
     for (const QString &number : list) {
         if (slot > lastSlot)
             break;
-        Settings::put(store, Settings::turboDialingGroup(), QString::number(slot, 10), number);
+        Settings::put(store, Settings::turboDialingGroup, entryKey(slot).constData(), number);
         ++slot;
     }
     const bool stored = store.flush();
@@ -73,11 +78,11 @@ bool PHONE_ENG_Setup::setTurboDialing(const QStringList &list)
 
 int PHONE_ENG_Setup::getTurboDialingLocation(unsigned char slot)
 {
-    return Settings::read(Settings::turboDialingGroup(), locationKey(slot), defaultLocation);
+    return Settings::read(Settings::turboDialingGroup, locationKey(slot).constData(), defaultLocation);
 }
 
 bool PHONE_ENG_Setup::setTurboDialingLocation(unsigned char slot, int location)
 {
     SETUP_SET_Manager store(AM_Global::CallSetup, false);
-    return Settings::put(store, Settings::turboDialingGroup(), locationKey(slot), location);
+    return Settings::put(store, Settings::turboDialingGroup, locationKey(slot).constData(), location);
 }

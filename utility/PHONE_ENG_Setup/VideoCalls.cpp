@@ -26,8 +26,7 @@ QString noPicture()
 bool PHONE_ENG_Setup::getCameraMute(PHONE_SETUP_CAMERA_MUTE_T &mute)
 {
     mute = static_cast<PHONE_SETUP_CAMERA_MUTE_T>(
-        Settings::read(Settings::setupGroup(), QStringLiteral("VTCameraMute"),
-                       static_cast<int>(PHONE_SETUP_CAMERA_MUTE_OFF)));
+        Settings::read(Settings::setupGroup, "VTCameraMute", static_cast<int>(PHONE_SETUP_CAMERA_MUTE_OFF)));
     return true;
 }
 
@@ -35,14 +34,12 @@ bool PHONE_ENG_Setup::setCameraMute(PHONE_SETUP_CAMERA_MUTE_T mute)
 {
     if (!setupCheckSystemStatus())
         return false;
-    return Settings::write(*this, Settings::setupGroup(), QStringLiteral("VTCameraMute"),
-                           static_cast<int>(mute));
+    return Settings::write(*this, Settings::setupGroup, "VTCameraMute", static_cast<int>(mute));
 }
 
 QString PHONE_ENG_Setup::getCameraOffImage()
 {
-    const QString image =
-        Settings::read(Settings::setupGroup(), QStringLiteral("cameraOffImage"), QStringLiteral(""));
+    const QString image = Settings::read(Settings::setupGroup, "cameraOffImage", QStringLiteral(""));
     if (image.isEmpty())
         return getDefaultCameraOffImage();
     if (image == noPicture())
@@ -68,8 +65,7 @@ bool PHONE_ENG_Setup::setCameraOffImage(const QString &path)
 {
     if (!setupCheckSystemStatus())
         return false;
-    const bool stored =
-        Settings::write(*this, Settings::setupGroup(), QStringLiteral("cameraOffImage"), path);
+    const bool stored = Settings::write(*this, Settings::setupGroup, "cameraOffImage", path);
     if (stored)
         LOG_MESSAGE(R"(setCameraOffImage to %s successfully\n)", path.toLatin1().constData());
     else
@@ -79,7 +75,7 @@ bool PHONE_ENG_Setup::setCameraOffImage(const QString &path)
 
 bool PHONE_ENG_Setup::getRVCAlertType(bool &alert)
 {
-    alert = Settings::read(Settings::videoCallGroup(), QStringLiteral("CapableAlert"), false);
+    alert = Settings::read(Settings::videoCallGroup, "CapableAlert", false);
     return true;
 }
 
@@ -87,13 +83,13 @@ bool PHONE_ENG_Setup::setRVCAlertType(bool alert)
 {
     if (!setupCheckSystemStatus())
         return false;
-    return Settings::write(*this, Settings::videoCallGroup(), QStringLiteral("CapableAlert"), alert);
+    return Settings::write(*this, Settings::videoCallGroup, "CapableAlert", alert);
 }
 
 bool PHONE_ENG_Setup::getRVCInvitationTimer(int &timeout)
 {
-    const long long stored = Settings::read(Settings::videoCallGroup(), QStringLiteral("InvitationTimeOut"),
-                                            defaultInvitationTimeout);
+    const long long stored =
+        Settings::read(Settings::videoCallGroup, "InvitationTimeOut", defaultInvitationTimeout);
     timeout = static_cast<int>(std::clamp<long long>(stored * 1000, std::numeric_limits<int>::min(),
                                                      std::numeric_limits<int>::max()));
     return true;
