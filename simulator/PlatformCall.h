@@ -35,10 +35,16 @@ struct Out {
         : text(value)
     {
     }
+    explicit Out(bool *value)
+        : flag(value)
+    {
+    }
 
     void fill(const std::string &bytes) const
     {
-        if (text)
+        if (flag && !bytes.empty())
+            *flag = bytes.front() != 0;
+        else if (text)
             *text = QString::fromUtf8(bytes.data(), static_cast<int>(bytes.size()));
         else if (data)
             std::memcpy(data, bytes.data(), std::min(size, bytes.size()));
@@ -47,6 +53,7 @@ struct Out {
     void *data = nullptr;
     std::size_t size = 0;
     QString *text = nullptr;
+    bool *flag = nullptr;
 };
 
 /** A text field of a known size: shown with its size, so that the text tells every byte of it. */
