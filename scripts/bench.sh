@@ -1,0 +1,25 @@
+#!/usr/bin/env bash
+# Measures what the engine costs against the same work by hand, and its size. Fails when a limit is exceeded.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+source scripts/packages.sh
+
+need_packages "${build_packages[@]}" libbenchmark-dev binutils
+cmake --preset bench >/dev/null
+cmake --build --preset bench -- --quiet
+
+build=build/bench
+library=$build/utility/libkvqcallsetupengine.so.1
+status=0
+"$build/benchmarks/engine_benchmarks" || status=1
+"$build/benchmarks/open_library" "$build/simulator/libkvqplatform.so.1" "$library" || status=1
+
+stripped=$(mktemp)
+trap 'rm -f "$stripped"' EXIT
+strip -o "$stripped" "$library"
+size=$(stat -c %s "$stripped")
+limit=$((128 * 1024))
+verdict=
+((size <= limit)) || { verdict=EXCEEDED; status=1; }
+echo "the stripped library: $size bytes  (at most $limit) $verdict"
+exit $status
