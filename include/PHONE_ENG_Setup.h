@@ -223,7 +223,10 @@ public:
 
     /** Location code of a slot (0 to 255). Key "SpeedLocation" followed by the slot, default 2. */
     int getTurboDialingLocation(unsigned char slot);
-    /** Stores the location code of a slot. Not guarded, and no flashFull() follows a failure. */
+    /**
+     * Stores the location code of a slot. Not guarded, and no flashFull() follows a failure.
+     * @return the store's answer to the write, which becomes durable when the operation ends.
+     */
     bool setTurboDialingLocation(unsigned char slot, int location);
 
     /** @} */

@@ -72,7 +72,7 @@ TEST_F(VideoCallsTest, SettingThePictureIsLoggedEitherWay)
     EXPECT_EQ(events(),
               (Events{"SETUP_SET_Manager(4, true)",
                       R"(SETUP_SET_Manager::setSettingInfo("Setup", "cameraOffImage", "/a.png", false))",
-                      "~SETUP_SET_Manager()", R"("setCameraOffImage to /a.png successfully\n")"}));
+                      R"("setCameraOffImage to /a.png successfully\n")", "~SETUP_SET_Manager()"}));
     EXPECT_EQ(locations(), std::set<std::string>{"utility/PHONE_ENG_Setup setCameraOffImage"});
     QSignalSpy flashFull(&setup(), SIGNAL(flashFull()));
     ScriptedAnswer full;

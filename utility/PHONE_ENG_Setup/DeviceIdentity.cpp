@@ -66,7 +66,7 @@ _TAPI_RESULT_E PHONE_ENG_Setup::getBpVersion(unsigned char *version)
                 reinterpret_cast<const char *>(text));
     if (text[0] == 0)
         std::memcpy(text, emptyVersion, sizeof emptyVersion);
-    std::strcpy(reinterpret_cast<char *>(version), reinterpret_cast<const char *>(text));
+    std::memcpy(version, text, std::strlen(reinterpret_cast<const char *>(text)) + 1);
     LOG_MESSAGE(R"(%s::%s  002 PhonebPVer =%s \n)", unitPath, __func__,
                 reinterpret_cast<const char *>(version));
     return result;

@@ -141,10 +141,11 @@ _TAPI_RESULT_E PHONE_ENG_Setup::getMyNumberList(QStringList &list)
             continue;
         const QString number = TextField::read(entry.number);
         const QString name = unicodeToQStringInLittleEndian(entry.name, sizeof entry.name);
+        const int position = 2 * (index - 1);
         if (!name.isEmpty())
-            list[2 * (index - 1)] = name;
+            list[position] = name;
         if (!number.isEmpty())
-            list[2 * (index - 1) + 1] = number;
+            list[position + 1] = number;
     }
     return TAPI_RESULT_SUCC;
 }

@@ -8,15 +8,21 @@
 namespace Settings {
 
 template <typename Value>
-Value read(const char *group, const char *key, const Value &defaultValue)
+Value get(SETUP_SET_Manager &store, const char *group, const char *key, const Value &defaultValue)
 {
-    SETUP_SET_Manager store(AM_Global::CallSetup, false);
     Value value = defaultValue;
     if constexpr (std::is_same_v<Value, QString>)
         store.getSettingInfo(QLatin1String(group), QLatin1String(key), value, defaultValue, false);
     else
         store.getSettingInfo(QLatin1String(group), QLatin1String(key), value, defaultValue);
     return value;
+}
+
+template <typename Value>
+Value read(const char *group, const char *key, const Value &defaultValue)
+{
+    SETUP_SET_Manager store(AM_Global::CallSetup, false);
+    return get(store, group, key, defaultValue);
 }
 
 template <typename Value>
@@ -41,6 +47,7 @@ bool write(PHONE_ENG_Setup &engine, const char *group, const char *key, const Va
     return stored;
 }
 
+template QString get(SETUP_SET_Manager &, const char *, const char *, const QString &);
 template bool read(const char *, const char *, const bool &);
 template int read(const char *, const char *, const int &);
 template QString read(const char *, const char *, const QString &);

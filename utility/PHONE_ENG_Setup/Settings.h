@@ -13,7 +13,11 @@ constexpr char turboDialingGroup[] = "Turbo Dialing";
 constexpr char videoCallGroup[] = "RVCSetting";
 constexpr char matchingGroup[] = "matching_indicate";
 
-/** Reads a bool, an int or a QString; an absent key gives the default. */
+/** Reads a bool, an int or a QString through a store that is open; an absent key gives the default. */
+template <typename Value>
+Value get(SETUP_SET_Manager &store, const char *group, const char *key, const Value &defaultValue);
+
+/** Opens the store, reads one of these and closes it. */
 template <typename Value>
 Value read(const char *group, const char *key, const Value &defaultValue);
 

@@ -38,9 +38,11 @@ bool PHONE_ENG_Setup::isOneTouchNumber(unsigned char slot, QString &number)
 QString PHONE_ENG_Setup::getTurboDialing(int slot, bool full)
 {
     QString number;
+    SETUP_SET_Manager store(AM_Global::CallSetup, false);
     if (isOneTouchNumber(static_cast<unsigned char>(slot), number))
         return number;
-    number = Settings::read(Settings::turboDialingGroup, entryKey(slot).constData(), QStringLiteral(""));
+    number =
+        Settings::get(store, Settings::turboDialingGroup, entryKey(slot).constData(), QStringLiteral(""));
     return full ? number : number.left(number.indexOf(QLatin1Char(suffixMark)));
 }
 

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <limits>
 
 namespace {
@@ -65,11 +66,16 @@ bool PHONE_ENG_Setup::setCameraOffImage(const QString &path)
 {
     if (!setupCheckSystemStatus())
         return false;
-    const bool stored = Settings::write(*this, Settings::setupGroup, "cameraOffImage", path);
-    if (stored)
+    SETUP_SET_Manager store(AM_Global::CallSetup, true);
+    const bool stored = Settings::put(store, Settings::setupGroup, "cameraOffImage", path);
+    if (stored) {
         LOG_MESSAGE(R"(setCameraOffImage to %s successfully\n)", path.toLatin1().constData());
-    else
+    } else {
+        const int reason = errno; // writing a log line may change it
         LOG_MESSAGE(R"(setCameraOffImage to %s failed\n)", path.toLatin1().constData());
+        errno = reason;
+        checkFlashFull();
+    }
     return stored;
 }
 
