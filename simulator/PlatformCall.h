@@ -145,8 +145,11 @@ auto platformCall(const char *function, std::initializer_list<Out> out, Behaviou
     // Whoever watches the phone must not disturb the errno that it answered with.
     if constexpr (std::is_void_v<Result>) {
         answer();
-        if (noted)
+        if (noted) {
+            const int error = errno;
             phone.tellObserver(call, {});
+            errno = error;
+        }
     } else {
         const Result result = answer();
         if (noted) {

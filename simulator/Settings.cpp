@@ -30,12 +30,11 @@ SETUP_SET_Manager::SETUP_SET_Manager(AM_Global::Apps app, bool commitEachWrite)
 
 SETUP_SET_Manager::~SETUP_SET_Manager()
 {
-    platformCall("~SETUP_SET_Manager", {}, [this](PhoneState &) {
-        if (m_collection == Collection::Open && !store().commit(this))
-            std::fprintf(stderr, "settings store: collected writes are lost: %s\n", std::strerror(errno));
-        else if (m_collection == Collection::Failed)
-            store().rollback(this);
-    });
+    platformCall("~SETUP_SET_Manager", {}, [](PhoneState &) {});
+    if (m_collection == Collection::Open && !store().commit(this))
+        std::fprintf(stderr, "settings store: collected writes are lost: %s\n", std::strerror(errno));
+    else if (m_collection == Collection::Failed)
+        store().rollback(this);
 }
 
 bool SETUP_SET_Manager::getSettingInfo(QString group, QString key, bool &value, bool defaultValue)
@@ -77,52 +76,54 @@ bool SETUP_SET_Manager::getSettingInfo(QString group, QString key, QString &valu
 
 bool SETUP_SET_Manager::setSettingInfo(QString group, QString key, bool value)
 {
-    return platformCall(
+    return keep(platformCall(
         "SETUP_SET_Manager::setSettingInfo", {},
         [&](PhoneState &) {
             return mayWrite()
-                && keep(store().writeInteger({m_app, group, key}, SettingsStore::Type::Bool, value ? 1 : 0,
-                                             m_commitEachWrite ? nullptr : this));
+                && store().writeInteger({m_app, group, key}, SettingsStore::Type::Bool, value ? 1 : 0,
+                                        m_commitEachWrite ? nullptr : this);
         },
-        group, key, value);
+        group, key, value));
 }
 
 bool SETUP_SET_Manager::setSettingInfo(QString group, QString key, int value)
 {
-    return platformCall(
+    return keep(platformCall(
         "SETUP_SET_Manager::setSettingInfo", {},
         [&](PhoneState &) {
             return mayWrite()
-                && keep(store().writeInteger({m_app, group, key}, SettingsStore::Type::Int, value,
-                                             m_commitEachWrite ? nullptr : this));
+                && store().writeInteger({m_app, group, key}, SettingsStore::Type::Int, value,
+                                        m_commitEachWrite ? nullptr : this);
         },
-        group, key, value);
+        group, key, value));
 }
 
 bool SETUP_SET_Manager::setSettingInfo(QString group, QString key, QString value, bool encrypted)
 {
-    return platformCall(
+    return keep(platformCall(
         "SETUP_SET_Manager::setSettingInfo", {},
         [&](PhoneState &) {
             return mayWrite()
-                && keep(store().writeText({m_app, group, key}, value, m_commitEachWrite ? nullptr : this));
+                && store().writeText({m_app, group, key}, value, m_commitEachWrite ? nullptr : this);
         },
-        group, key, value, encrypted);
+        group, key, value, encrypted));
 }
 
 bool SETUP_SET_Manager::flush()
 {
-    return platformCall("SETUP_SET_Manager::flush", {}, [this](PhoneState &) {
-        const Collection collection = m_collection;
-        m_collection = Collection::Empty;
-        if (collection == Collection::Empty)
-            return true;
-        if (collection == Collection::Open)
-            return store().commit(this);
-        store().rollback(this);
-        errno = m_failure;
-        return false;
+    const bool flushed = platformCall("SETUP_SET_Manager::flush", {}, [this](PhoneState &) {
+        if (m_collection == Collection::Failed)
+            errno = m_failure;
+        return m_collection == Collection::Empty
+            || (m_collection == Collection::Open && store().commit(this));
     });
+    if (!flushed) {
+        const int reason = errno;
+        store().rollback(this);
+        errno = reason;
+    }
+    m_collection = Collection::Empty;
+    return flushed;
 }
 
 /** A collection with one failed write is given up as a whole, so nothing more goes into it. */
@@ -137,7 +138,7 @@ bool SETUP_SET_Manager::keep(bool written)
 {
     if (m_commitEachWrite)
         return written;
-    if (!written) {
+    if (!written && m_collection != Collection::Failed) {
         m_collection = Collection::Failed;
         m_failure = errno;
     } else if (m_collection == Collection::Empty) {

@@ -1,13 +1,14 @@
 // The settings store on SQLite.
 #include "SettingsStore.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
 
 #include <cerrno>
 #include <cstdio>
+#include <filesystem>
+#include <system_error>
 
 #include <sqlite3.h>
 #include <sys/stat.h>
@@ -23,10 +24,9 @@ constexpr char selectValue[] =
     "SELECT value FROM settings WHERE app = ? AND grp = ? AND key = ? AND type = ?";
 constexpr char replaceValue[] = "REPLACE INTO settings (app, grp, key, type, value) VALUES (?, ?, ?, ?, ?)";
 
+/** @p systemError counts only for the codes that the system caused. */
 int errnoOf(int code, int systemError)
 {
-    if (systemError == ENOSPC)
-        return ENOSPC;
     switch (code & 0xFF) {
     case SQLITE_FULL:
         return ENOSPC;
@@ -45,6 +45,8 @@ int errnoOf(int code, int systemError)
         return EUCLEAN;
     case SQLITE_NOMEM:
         return ENOMEM;
+    case SQLITE_IOERR:
+        return systemError == ENOSPC ? ENOSPC : EIO;
     default:
         return EIO;
     }
@@ -83,7 +85,11 @@ void SettingsStore::FinalizeStatement::operator()(sqlite3_stmt *statement) const
 }
 
 SettingsStore::SettingsStore() = default;
-SettingsStore::~SettingsStore() = default;
+
+SettingsStore::~SettingsStore()
+{
+    disconnect();
+}
 
 void SettingsStore::setFile(const QString &path)
 {
@@ -190,30 +196,37 @@ void SettingsStore::rollback(const void *collector)
 /** Makes sure that the connection is to the file that stands under the path now. */
 bool SettingsStore::connect(bool forWriting)
 {
-    if (m_process != getpid()) {
-        // A connection must not be used, nor closed, in a forked child: its locks are the parent's.
-        static_cast<void>(m_read.release());
-        static_cast<void>(m_write.release());
-        static_cast<void>(m_connection.release());
-        m_collector = nullptr;
-        m_process = getpid();
-    }
+    if (m_process != getpid())
+        disconnect();
     const QByteArray path = QFile::encodeName(file());
     struct stat status = {};
     const bool exists = stat(path.constData(), &status) == 0;
-    if (m_connection && exists && status.st_dev == m_device && status.st_ino == m_inode)
+    const bool readOnly = exists && isWriteProtected(status);
+    if (m_connection && exists && status.st_dev == m_device && status.st_ino == m_inode
+        && readOnly == m_readOnly)
         return true;
     if (m_connection) {
+        const bool collecting = m_collector != nullptr;
         disconnect();
         m_damageReported = false;
+        if (collecting) {
+            errno = EIO; // what was collected went with the file
+            return false;
+        }
     }
     if (!exists) {
         if (!forWriting)
             return false;
-        QDir().mkpath(QFileInfo(file()).absolutePath());
+        std::error_code failure;
+        std::filesystem::create_directories(QFile::encodeName(QFileInfo(file()).absolutePath()).toStdString(),
+                                            failure);
+        if (failure) {
+            errno = failure.value();
+            return false;
+        }
     }
-    const int mode = exists && isWriteProtected(status) ? SQLITE_OPEN_READONLY
-                                                        : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+    m_readOnly = readOnly;
+    const int mode = readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
     sqlite3 *connection = nullptr;
     const int code = sqlite3_open_v2(path.constData(), &connection, mode, nullptr);
     m_connection.reset(connection);
@@ -225,7 +238,7 @@ bool SettingsStore::connect(bool forWriting)
         return false;
     }
     sqlite3_busy_timeout(connection, m_busyTimeout);
-    execute("PRAGMA synchronous = FULL");
+    execute("PRAGMA synchronous = EXTRA"); // the directory too, or a journal may come back after a power cut
     if (m_pageLimit > 0) {
         const QByteArray limit = "PRAGMA max_page_count = " + QByteArray::number(m_pageLimit);
         execute(limit.constData());
@@ -239,6 +252,13 @@ bool SettingsStore::connect(bool forWriting)
 
 void SettingsStore::disconnect()
 {
+    if (m_process != getpid()) {
+        // A connection must not be used, nor closed, in a forked child: its locks are the parent's.
+        static_cast<void>(m_read.release());
+        static_cast<void>(m_write.release());
+        static_cast<void>(m_connection.release());
+        m_process = getpid();
+    }
     m_read.reset();
     m_write.reset();
     m_connection.reset();
@@ -272,6 +292,10 @@ sqlite3_stmt *SettingsStore::writeStatement(const Name &name, Type type, const v
     }
     if (!connect(true))
         return nullptr;
+    if (m_damageReported) {
+        errno = EUCLEAN;
+        return nullptr;
+    }
     if (!m_write) {
         if (!execute(createTable))
             return nullptr;
@@ -298,6 +322,8 @@ bool SettingsStore::finishWrite()
         noteFailure();
     const int reason = errno;
     sqlite3_reset(m_write.get());
+    if (!written)
+        m_write.reset(); // the next write looks for its table again
     errno = reason;
     return written;
 }

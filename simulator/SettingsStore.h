@@ -14,8 +14,8 @@ struct sqlite3_stmt;
 /**
  * Values by application, group, key and type.
  *
- * What write() or commit() answered with true survives a crash of the process and of the phone: the
- * transaction has been synced to the disk. A failure leaves the reason in errno: ENOSPC for a full disk,
+ * What a write without a collector, or commit(), answered with true survives a crash of the process and of
+ * the phone: the transaction has been synced to the disk. A failure leaves the reason in errno: ENOSPC for a full disk,
  * EROFS for a file that may not be written, EBUSY for a store that others keep locked, EUCLEAN for a
  * damaged file. A damaged file is reported once on standard error and never overwritten.
  *
@@ -87,4 +87,5 @@ private:
     pid_t m_process = 0;
     dev_t m_device = 0;
     ino_t m_inode = 0;
+    bool m_readOnly = false;
 };

@@ -63,7 +63,10 @@ void SimulatedPhone::tellObserver(const std::string &call, const std::string &an
 
 void SimulatedPhone::script(const std::string &function, ScriptedAnswer answer)
 {
-    m_scripts[function] = std::move(answer);
+    if (answer.times == 0)
+        m_scripts.erase(function);
+    else
+        m_scripts[function] = std::move(answer);
 }
 
 void SimulatedPhone::clearScript(const std::string &function)

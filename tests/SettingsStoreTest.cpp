@@ -26,18 +26,6 @@ protected:
         setup().getAudibleTimer(value);
         return value;
     }
-
-    /** Runs a function in a child and gives its exit status. */
-    template <typename Function>
-    static int inChild(Function function)
-    {
-        const pid_t child = fork();
-        if (child == 0)
-            std::_Exit(function() ? 0 : 1);
-        int status = 0;
-        waitpid(child, &status, 0);
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    }
 };
 
 TEST_F(SettingsStoreTest, AStoreThatIsFullRefusesAWriteAndOneSignalFollows)
@@ -127,9 +115,9 @@ TEST_F(SettingsStoreTest, CollectedWritesAreSeenByOthersWhenTheObjectGoes)
         ASSERT_TRUE(settings.setSettingInfo(QStringLiteral("Setup"), QStringLiteral("audibleTimer"), 5));
         EXPECT_FALSE(setup().setReminder(false)) << "the collection holds the store";
         EXPECT_EQ(errno, EBUSY);
-        EXPECT_EQ(inChild([this] { return timer() == -1; }), 0);
+        EXPECT_EQ(inAnotherProcess("getAudibleTimer"), "timer = -1\nresult = true\n");
     }
-    EXPECT_EQ(inChild([this] { return timer() == 5; }), 0);
+    EXPECT_EQ(inAnotherProcess("getAudibleTimer"), "timer = 5\nresult = true\n");
     EXPECT_TRUE(setup().setReminder(false));
 }
 
@@ -190,12 +178,53 @@ TEST_F(SettingsStoreTest, TwoProcessesWriteAtOnce)
 
 TEST_F(SettingsStoreTest, AStoreThatOthersKeepLockedAnswersFalse)
 {
+    int locked[2];
+    int done[2];
+    ASSERT_EQ(pipe(locked), 0);
+    ASSERT_EQ(pipe(done), 0);
+    const pid_t child = fork(); // before this process has a connection
+    char byte = 0;
+    if (child == 0) {
+        SETUP_SET_Manager settings(AM_Global::CallSetup, false);
+        const bool stored =
+            settings.setSettingInfo(QStringLiteral("Setup"), QStringLiteral("audibleTimer"), 5)
+            && ::write(locked[1], &byte, 1) == 1 && ::read(done[0], &byte, 1) == 1 && settings.flush();
+        std::_Exit(stored ? 0 : 1);
+    }
+    ASSERT_EQ(::read(locked[0], &byte, 1), 1);
     phone.settings().setBusyTimeout(50);
-    SETUP_SET_Manager settings(AM_Global::CallSetup, false);
-    ASSERT_TRUE(settings.setSettingInfo(QStringLiteral("Setup"), QStringLiteral("audibleTimer"), 5));
-    EXPECT_EQ(inChild([this] { return !setup().setReminder(false) && errno == EBUSY; }), 0);
-    EXPECT_TRUE(settings.flush());
+    EXPECT_FALSE(setup().setReminder(false));
+    EXPECT_EQ(errno, EBUSY);
+    ASSERT_EQ(::write(done[1], &byte, 1), 1);
+    int status = 0;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
     phone.settings().setBusyTimeout(5000);
+    EXPECT_TRUE(setup().setReminder(false));
+    EXPECT_EQ(timer(), 5);
+}
+
+TEST_F(SettingsStoreTest, ARefusedFlushOrWriteGivesTheWholeCollectionUp)
+{
+    for (const char *refused : {"SETUP_SET_Manager::flush", "SETUP_SET_Manager::setSettingInfo"}) {
+        SCOPED_TRACE(refused);
+        ScriptedAnswer once;
+        once.times = 1;
+        phone.script(refused, once);
+        EXPECT_FALSE(setup().setTurboDialing(QStringList{QStringLiteral("1"), QStringLiteral("2")}));
+        EXPECT_EQ(setup().getTurboDialing(1, true) + setup().getTurboDialing(2, true), QString());
+    }
+    EXPECT_TRUE(setup().setTurboDialing(QStringList{QStringLiteral("1")}));
+}
+
+TEST_F(SettingsStoreTest, PermissionsCountAsTheyAreNow)
+{
+    const QByteArray file = settingsFile().toLocal8Bit();
+    ASSERT_TRUE(setup().setAudibleTimer(7));
+    ASSERT_EQ(chmod(file.constData(), 0444), 0);
+    EXPECT_FALSE(setup().setAudibleTimer(8));
+    ASSERT_EQ(chmod(file.constData(), 0644), 0);
+    EXPECT_TRUE(setup().setAudibleTimer(8));
 }
 
 } // namespace

@@ -2,7 +2,7 @@
 
 #include "LogModule.h"
 
-#include <QCoreApplication>
+#include <QProcess>
 
 #include <regex>
 
@@ -95,6 +95,16 @@ std::set<std::string> EngineTest::locations()
 QString EngineTest::settingsFile() const
 {
     return m_directory.filePath(QStringLiteral("settings.db"));
+}
+
+std::string EngineTest::inAnotherProcess(const char *line) const
+{
+    QProcess console;
+    console.start(QStringLiteral(KVQ_CONSOLE),
+                  QStringList{QStringLiteral("-q"), QStringLiteral("--settings"), settingsFile()}
+                      + QString::fromLatin1(line).split(QLatin1Char(' ')));
+    EXPECT_TRUE(console.waitForFinished());
+    return console.readAllStandardOutput().toStdString();
 }
 
 Events EngineTest::take()

@@ -62,6 +62,9 @@ protected:
 
     QString settingsFile() const;
 
+    /** What the console, another program of the phone, says to an operation with the same settings. */
+    std::string inAnotherProcess(const char *line) const;
+
     SimulatedPhone &phone = SimulatedPhone::instance();
 
 private:
