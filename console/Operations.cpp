@@ -34,8 +34,12 @@ Operation adapted(const char *face, const char *name, Function function, const c
 QStringList knownNetworks(bool &listed)
 {
     Net *const network = Net::instance();
-    std::vector<_TAPI_NETWORK_PLMN_INFO_S> networks(network->getKwnownNetworksCnt());
+    const unsigned short count = network->getKwnownNetworksCnt();
+    // A count that was scripted does not keep the phone from listing all that it knows.
+    constexpr std::size_t enough = 256;
+    std::vector<_TAPI_NETWORK_PLMN_INFO_S> networks(std::max<std::size_t>(count, enough));
     listed = network->getKnownNetworks(networks.data());
+    networks.resize(count);
     QStringList lines;
     for (_TAPI_NETWORK_PLMN_INFO_S &known : networks) {
         constexpr std::array states = {"unknown", "available", "registered", "forbidden"};

@@ -23,7 +23,8 @@ QString noSuchFunction(const QString &name)
     const auto &names = SimulatedPhone::functionNames();
     if (std::find(names.begin(), names.end(), name.toStdString()) != names.end())
         return {};
-    return QStringLiteral("there is no platform function %1").arg(name);
+    return QStringLiteral("there is no platform function %1: expected a name that .calls shows, like %2")
+        .arg(name, QLatin1String("TAPI_CS_SelectLine"));
 }
 
 /** Reads a number, or says what was wrong with it. */
@@ -62,6 +63,8 @@ QString script(const QStringList &words, long long result, std::vector<std::stri
 
 QString fail(const QStringList &words)
 {
+    if (!words.first().startsWith(QLatin1String("TAPI_")))
+        return QStringLiteral("%1 gives no result code: expected a TAPI_ function").arg(words.first());
     const auto result = Value<_TAPI_RESULT_E>::parse(words.at(1));
     if (!result)
         return QStringLiteral("cannot be %1: expected %2")
@@ -70,7 +73,7 @@ QString fail(const QStringList &words)
     if (words.size() > 2) {
         const QString error = readNumber<int>(words.at(2), [&](int number) { times = number; });
         if (!error.isEmpty() || times < 1)
-            return QStringLiteral("cannot fail %1 times").arg(words.at(2));
+            return QStringLiteral("TIMES cannot be %1: expected a number from 1").arg(quoted(words.at(2)));
     }
     return script(words, *result, {}, times);
 }
@@ -92,13 +95,14 @@ QString answer(const QStringList &words)
 
 QString pushToTalk(const QStringList &words)
 {
-    if (words.first() == QLatin1String("accept") || words.first() == QLatin1String("refuse")) {
-        phone().state().calls.pushToTalkAccepts = words.first() == QLatin1String("accept");
+    const bool accepts = words.first() == QLatin1String("accept");
+    if (words.size() == 1 && (accepts || words.first() == QLatin1String("refuse"))) {
+        phone().state().calls.pushToTalkAccepts = accepts;
         return {};
     }
-    if (words.first() != QLatin1String("start") || words.size() < 2)
-        return QStringLiteral("expected start, accept or refuse");
     const bool complete = words.size() > 2 && words.at(2) == QLatin1String("complete");
+    if (words.first() != QLatin1String("start") || words.size() < 2 || (words.size() > 2 && !complete))
+        return QStringLiteral("expected one of these");
     bool started = false;
     const QString error = readNumber<unsigned char>(
         words.at(1), [&](unsigned char callId) { started = phone().startPushToTalk(callId, complete); });

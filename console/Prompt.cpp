@@ -46,7 +46,7 @@ QByteArray historyFile()
 
 } // namespace
 
-void runPrompt(Session &session)
+bool runPrompt(Session &session)
 {
     completingSession = &session;
     rl_readline_name = "kvq-console";
@@ -59,18 +59,21 @@ void runPrompt(Session &session)
     if (interactive)
         read_history(history.constData());
     Status status = Status::Done;
+    bool mistaken = false;
     while (status != Status::Quit) {
         const std::unique_ptr<char, decltype(&std::free)> line(readline(interactive ? "> " : ""), &std::free);
         if (!line)
             break;
+        const QString text = QString::fromUtf8(line.get());
         // A PIN typed here belongs to the card, not to a file.
-        const bool secret = strcasestr(line.get(), "pin") || strcasestr(line.get(), "puk");
-        if (interactive && line.get()[0] != 0 && !secret)
+        if (interactive && !text.isEmpty() && !Session::carriesPin(text))
             add_history(line.get());
-        status = session.runLine(QString::fromUtf8(line.get()));
+        status = session.runLine(text);
+        mistaken = mistaken || status == Status::Mistake;
     }
     if (interactive)
         write_history(history.constData());
+    return interactive || !mistaken;
 }
 
 } // namespace Console

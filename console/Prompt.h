@@ -5,7 +5,7 @@
 
 namespace Console {
 
-/** Reads lines until the end of the input or .quit. */
-void runPrompt(Session &session);
+/** Reads lines until the end of the input or .quit. False when a line that nobody could mend was a mistake. */
+bool runPrompt(Session &session);
 
 } // namespace Console

@@ -17,6 +17,8 @@ namespace {
 
 bool systemStatus = true;
 
+constexpr int deepestScript = 16;
+
 /** Words that are near enough to what was typed to be meant by it. */
 QStringList near(const QString &typed, const QStringList &names)
 {
@@ -105,14 +107,30 @@ Status Session::runScript(const QString &path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
         return mistake(QStringLiteral("cannot read %1: %2").arg(path, file.errorString()));
+    if (m_scriptDepth == deepestScript)
+        return mistake(QStringLiteral("scripts run one another without end"));
     const QString outerPlace = m_place;
+    ++m_scriptDepth;
     Status status = Status::Done;
-    for (int line = 1; !file.atEnd() && status == Status::Done; ++line) {
-        m_place = QStringLiteral("%1:%2: ").arg(path).arg(line);
-        status = runLine(QString::fromUtf8(file.readLine()));
+    QByteArray line;
+    for (int number = 1; status == Status::Done && !(line = file.readLine()).isEmpty(); ++number) {
+        m_place = QStringLiteral("%1:%2: ").arg(path).arg(number);
+        status = runLine(QString::fromUtf8(line));
     }
+    --m_scriptDepth;
     m_place = outerPlace;
     return status;
+}
+
+bool Session::carriesPin(const QString &line)
+{
+    const QString name = line.trimmed().section(QLatin1Char(' '), 0, 0);
+    for (const Operation &operation : operations()) {
+        if (operation.name == name || operation.fullName() == name)
+            return operation.usage.contains(QLatin1String("pin"), Qt::CaseInsensitive)
+                || operation.usage.contains(QLatin1String("puk"), Qt::CaseInsensitive);
+    }
+    return line.contains(QLatin1String("pin"), Qt::CaseInsensitive); // mistyped, perhaps
 }
 
 QStringList Session::completions(const QString &line) const
@@ -135,7 +153,7 @@ QStringList Session::completions(const QString &line) const
         for (const Command &command : m_commands)
             names += command.name;
     }
-    const QString prefix = words.last();
+    const QString &prefix = words.last();
     names.removeDuplicates();
     names.erase(std::remove_if(names.begin(), names.end(),
                                [&](const QString &name) { return !name.startsWith(prefix); }),
@@ -241,7 +259,15 @@ QString Session::showHelp(const QStringList &words)
             found = true;
         }
     }
-    return found ? QString() : QStringLiteral("there is no operation %1").arg(words.first());
+    for (const Command &command : m_commands) {
+        if (command.name == words.first()) {
+            say(QStringLiteral("%1 %2").arg(command.name, command.usage));
+            found = true;
+        }
+    }
+    return found
+        ? QString()
+        : QStringLiteral("there is no operation %1: expected one that .list shows").arg(words.first());
 }
 
 void Session::addCommands()

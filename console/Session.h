@@ -38,6 +38,9 @@ public:
     void setCallsShown(bool shown) { m_callsShown = shown; }
     void setLogShown(bool shown);
 
+    /** Whether an operation of this line takes a PIN or a PUK. */
+    static bool carriesPin(const QString &line);
+
     /** What can stand at the beginning of a line, or behind a command. */
     QStringList completions(const QString &line) const;
 
@@ -73,6 +76,7 @@ private:
     bool m_echo = false;
     bool m_callsShown = true;
     bool m_quit = false;
+    int m_scriptDepth = 0;
 };
 
 /** Splits a line into words; double quotes keep blanks together. False when a quote is not closed. */

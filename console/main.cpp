@@ -69,7 +69,8 @@ int main(int argc, char **argv)
     const bool nothingAsked = words.isEmpty() && !parser.isSet(script);
     if (status == Console::Status::Done && (parser.isSet(interactive) || nothingAsked)) {
         session.setEcho(false);
-        Console::runPrompt(session);
+        if (!Console::runPrompt(session))
+            return mistakeStatus;
     }
     return 0;
 }
