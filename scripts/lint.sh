@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# Checks the format of every source and runs clang-tidy over the product. Changes nothing.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+source scripts/packages.sh
+
+need_packages "${build_packages[@]}" clang-format-14 clang-tidy-14
+echo "== Format"
+find include platform utility simulator console benchmarks tests docs -name '*.cpp' -o -name '*.h' |
+    xargs clang-format-14 --dry-run --Werror
+echo "== clang-tidy"
+cmake --preset release >/dev/null
+cmake --build --preset release -- --quiet
+find utility simulator console -name '*.cpp' | xargs -P 2 -n 4 clang-tidy-14 -p build/release --quiet 2>/dev/null
+echo "clean"
