@@ -24,4 +24,5 @@ need_packages() {
 }
 
 build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsqlite3-dev libedit-dev)
-test_packages=(libgtest-dev libgmock-dev binutils)
+test_packages=(git libgtest-dev libgmock-dev qtbase5-dev clang-14 libclang-rt-14-dev clang-format-14 valgrind
+    abigail-tools binutils dpkg-dev file)

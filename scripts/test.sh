@@ -1,15 +1,37 @@
 #!/usr/bin/env bash
-# Builds the engine and runs its tests: with the sanitizers, then optimised. Installs what is missing.
+# Builds the engine and runs its tests: with the sanitizers, with Qt 5.15, against a hostile platform, under
+# valgrind, and last as it ships. Installs what is missing.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/packages.sh
 
 need_packages "${build_packages[@]}" "${test_packages[@]}"
 
-for preset in asan release; do
-    echo "== Building ($preset)"
-    cmake --preset "$preset" >/dev/null
-    cmake --build --preset "$preset" -- --quiet
-    echo "== Testing ($preset)"
-    ctest --preset "$preset" --progress
-done
+echo "== Format"
+git ls-files '*.cpp' '*.h' | xargs clang-format-14 --dry-run --Werror
+
+build_and_test() {
+    echo "== Building ($1)"
+    cmake --preset "$1" >/dev/null
+    cmake --build --preset "$1" -- --quiet
+    echo "== Testing ($1)"
+    ctest --preset "$1" --progress
+}
+
+build_and_test asan
+build_and_test qt5
+
+echo "== A hostile platform"
+scripts/fuzz.sh --short
+
+echo "== Building (release)"
+cmake --preset release >/dev/null
+cmake --build --preset release -- --quiet
+echo "== Under valgrind"
+# The tests that fork, kill and start processes are about those, and the one that counts allocations counts its own.
+valgrind --quiet --error-exitcode=1 --leak-check=full --errors-for-leak-kinds=definite,indirect \
+    build/release/tests/engine_tests --gtest_brief=1 \
+    --gtest_filter='-SettingsStoreTest.*:ConsoleTest.*:TelephonySessionTest.*:*TheDefaultIs*:CallMeteringTest.*:*ForTheNextProcess:AllocationTest.*' |
+    tail -n 2
+
+build_and_test release

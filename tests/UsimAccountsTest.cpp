@@ -20,7 +20,7 @@ protected:
         answer("TAPI_SECURITY_GetNumOfUsim", countResult, {std::string(1, static_cast<char>(applications))});
         answer("TAPI_SECURITY_GetUsimList", listResult,
                {std::string(1, static_cast<char>(position)), records});
-        list = {QStringLiteral("old")};
+        list = QStringList{QStringLiteral("old")};
         title = QStringLiteral("old");
         active = count = 77;
     }

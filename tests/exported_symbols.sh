@@ -5,7 +5,7 @@ set -euo pipefail
 library=$1 list=$2
 
 exported=$(nm -D --defined-only --with-symbol-versions "$library" | awk '$3 != "VERSION" { print $3 }' |
-    c++filt | LC_ALL=C sort -u)
+    c++filt | sed 's/QStringList/QList<QString>/' | LC_ALL=C sort -u) # one type in two generations of the toolkit
 if [[ ${3-} == --update ]]; then
     printf '%s\n' "$exported" >"$list"
     exit

@@ -1,0 +1,33 @@
+#!/usr/bin/env bash
+# Installs a build into an empty place and builds an application against it outside the tree, once with CMake
+# and once with pkg-config, and runs both.
+# usage: installed_package.sh BUILD_FOLDER EXAMPLE_FOLDER COMPILER
+set -euo pipefail
+build=$1 example=$2 compiler=$3
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+
+cmake --install "$build" --prefix "$scratch/usr" >/dev/null
+library_folder=$(dirname "$(find "$scratch/usr" -name libkvqcallsetupengine.so.1)")
+export LD_LIBRARY_PATH=$library_folder XDG_DATA_HOME=$scratch/data
+
+run() {
+    local output
+    output=$("$1" 2>&1)
+    [[ $output == *"forwarded on no reply: false"* ]] || {
+        echo "$1 does not do what it should: $output" >&2
+        exit 1
+    }
+}
+
+cp -r "$example" "$scratch/source"
+cmake -S "$scratch/source" -B "$scratch/build" -DCMAKE_CXX_COMPILER="$compiler" \
+    -DCMAKE_PREFIX_PATH="$scratch/usr" >/dev/null
+cmake --build "$scratch/build" >/dev/null
+run "$scratch/build/example"
+
+flags=$(PKG_CONFIG_PATH=$library_folder/pkgconfig pkg-config --cflags --libs kvqcallsetupengine)
+# shellcheck disable=SC2086
+"$compiler" -std=c++20 -fPIC "$scratch/source/main.cpp" $flags -o "$scratch/example"
+run "$scratch/example"
+echo "built and run with CMake and with pkg-config"
