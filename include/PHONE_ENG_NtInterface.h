@@ -211,7 +211,8 @@ public:
 
     /**
      * Clears the list: deletes every position from the highest one in use down to 0 and emits
-     * preferredChanged(). Deletions that fail are not reported.
+     * preferredChanged(). Deletions that fail are not reported. Positions above 13106, which no SIM can have,
+     * are left alone.
      * @return false when the list could not be read; nothing is deleted or emitted then.
      * @platform `TAPI_NETWORK_GetPreferredOperator`, `TAPI_NETWORK_DeleteSelectedOperator` once a position.
      */

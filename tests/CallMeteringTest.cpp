@@ -18,7 +18,7 @@ protected:
     {
         const auto run = [&] {
             test();
-            std::_Exit(HasFailure() ? 1 : 0);
+            std::exit(HasFailure() ? 1 : 0);
         };
         EXPECT_EXIT(run(), testing::ExitedWithCode(0), "");
     }

@@ -26,7 +26,7 @@ protected:
                 ioctlErrors.clear();
                 ioctlCalls = 0;
                 test();
-                std::_Exit(testing::Test::HasFailure() ? 1 : 0);
+                std::exit(testing::Test::HasFailure() ? 1 : 0);
             },
             testing::ExitedWithCode(0), "");
     }

@@ -51,6 +51,8 @@ TEST_F(VideoPictureTest, TheDefaultIsTheFirstVisibleFileByNameIgnoringCase)
     EXPECT_EQ(setup().getCameraOffImage(), pictureDirectory + QStringLiteral("/a2.png"));
     ASSERT_TRUE(setup().setCameraOffImage(QString()));
     EXPECT_EQ(PHONE_GetCameraOffImage(), pictureDirectory + QStringLiteral("/a2.png"));
+    QDir(pictureDirectory).removeRecursively();
+    EXPECT_EQ(setup().getDefaultCameraOffImage(), QStringLiteral("")) << "no directory";
 }
 
 TEST_F(VideoCallsTest, ThePictureIsTheStoredOneNoneOrTheDefault)
