@@ -4,6 +4,9 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/packages.sh
 need_packages doxygen
-mkdir -p build
+pages=build/reference-pages
+rm -rf "$pages"
+mkdir -p "$pages"
+awk -v folder="$pages" -f scripts/subject_pages.awk include/PHONE_ENG_*.h
 doxygen docs/Doxyfile
 echo "build/reference/html/index.html"
