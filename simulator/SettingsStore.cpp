@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include <array>
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
@@ -254,9 +255,8 @@ void SettingsStore::disconnect()
 {
     if (m_process != getpid()) {
         // A connection must not be used, nor closed, in a forked child: its locks are the parent's.
-        static_cast<void>(m_read.release());
-        static_cast<void>(m_write.release());
-        static_cast<void>(m_connection.release());
+        static std::array<void *, 3> abandoned = {};
+        abandoned = {m_read.release(), m_write.release(), m_connection.release()};
         m_process = getpid();
     }
     m_read.reset();
