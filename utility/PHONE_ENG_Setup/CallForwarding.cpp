@@ -1,6 +1,7 @@
 // Call forwarding: queries, requests, cancelling, and the forwarding indicator of a two-line SIM.
 #include "../TextField.h"
 #include "Broadcasts.h"
+#include "Features.h"
 #include "PHONE_ENG_Setup.h"
 #include "Settings.h"
 #include "Unit.h"
@@ -17,12 +18,6 @@ constexpr unsigned char faxClass = 4;
 
 constexpr unsigned char noTimer = 255;
 constexpr unsigned char fallbackTimer = 20;
-
-constexpr unsigned short cphsFeature = 2040;
-constexpr unsigned short line1ForwardingFeature = 2003;
-constexpr unsigned short secondLineFeature = 2007;
-constexpr unsigned short lineLockFeature = 2258;
-constexpr unsigned short line2ForwardingFeature = 2171;
 
 void readDivertStatus(const _TAPI_CS_DIVERT_STATUS_S &status, bool &active, QString &number)
 {
@@ -193,7 +188,7 @@ _TAPI_RESULT_E PHONE_ENG_Setup::cancelAllCallsDiverts()
 void PHONE_ENG_Setup::getCallForwardingFlag()
 {
     SETUP_Utility product;
-    if (!product.isFeatureAvailable(cphsFeature)) {
+    if (!product.isFeatureAvailable(Features::cphs)) {
         LOG_MESSAGE(R"(Not CPHS phone. Update GNB status!)");
         return;
     }
@@ -206,11 +201,11 @@ void PHONE_ENG_Setup::getCallForwardingFlag()
     LOG_TRACE();
     int status = 0;
     if (result == TAPI_RESULT_SUCC) {
-        const bool line1Counts = product.isFeatureAvailable(line1ForwardingFeature);
-        bool line2Counts = product.isFeatureAvailable(secondLineFeature);
+        const bool line1Counts = product.isFeatureAvailable(Features::line1Forwarding);
+        bool line2Counts = product.isFeatureAvailable(Features::secondLine);
         if (line2Counts) {
-            line2Counts = product.isFeatureAvailable(lineLockFeature)
-                ? product.isFeatureAvailable(line2ForwardingFeature)
+            line2Counts = product.isFeatureAvailable(Features::lineLock)
+                ? product.isFeatureAvailable(Features::line2Forwarding)
                 : line1Counts;
         }
         status = (line1Counts && line1 == 1 ? 1 : 0) + (line2Counts && line2 == 1 ? 2 : 0);

@@ -1,17 +1,11 @@
 // Call preferences: answering modes, reminders, alerts, hyphenation and their like.
+#include "Features.h"
 #include "PHONE_ENG_Setup.h"
 #include "Settings.h"
 
 #include "SETUP_Utility.h"
 #include "UTIL_State.h"
 #include "ZKbConfig.h"
-
-namespace {
-
-constexpr unsigned short hyphenationFeature = 266;
-constexpr unsigned short hearingAidFlexBit = 408;
-
-} // namespace
 
 bool PHONE_ENG_Setup::isReminder()
 {
@@ -117,7 +111,7 @@ bool PHONE_ENG_Setup::isHACEnabled()
 {
     SETUP_Utility product;
     bool enabled = true;
-    product.getFlexBit(hearingAidFlexBit, enabled);
+    product.getFlexBit(Features::hearingAidFlexBit, enabled);
     return enabled;
 }
 
@@ -137,7 +131,7 @@ bool PHONE_ENG_Setup::setAudibleTimer(int timer)
 bool PHONE_ENG_Setup::getHyphenation(PHONE_SETUP_HYPHENATION_T &mode)
 {
     SETUP_Utility product;
-    if (!product.isFeatureAvailable(hyphenationFeature)) {
+    if (!product.isFeatureAvailable(Features::hyphenation)) {
         mode = PHONE_SETUP_HYPHENATION_NOT_SUPPORTED;
         return false;
     }

@@ -1,5 +1,6 @@
 // The two lines of a CPHS SIM: selection, lock and voice-mail hot keys.
 #include "Broadcasts.h"
+#include "Features.h"
 #include "PHONE_ENG_Setup.h"
 #include "Unit.h"
 
@@ -12,13 +13,6 @@ namespace {
 
 constexpr int firstLine = 1;
 constexpr int lastLine = 2;
-
-constexpr unsigned short lineLockFeature = 2258;
-constexpr unsigned short cphsFeature = 2040;
-constexpr unsigned short hotKeysFeature = 160;
-constexpr unsigned short line1HotKeysFeature = 2168;
-constexpr unsigned short secondLineFeature = 2007;
-constexpr unsigned short line2HotKeysFeature = 2189;
 
 } // namespace
 
@@ -60,7 +54,7 @@ _TAPI_RESULT_E PHONE_ENG_Setup::setLineNo(int line)
 int PHONE_ENG_Setup::getLineLockStatus()
 {
     SETUP_Utility product;
-    if (!product.isFeatureAvailable(lineLockFeature))
+    if (!product.isFeatureAvailable(Features::lineLock))
         return 0;
     unsigned char locked = 0;
     LOG_TRACE();
@@ -95,12 +89,13 @@ bool PHONE_ENG_Setup::isVmHotKeysAvailable() const
 {
     const int index = UTIL_GetPhoneLine();
     SETUP_Utility product;
-    if (!product.isFeatureAvailable(cphsFeature) || !product.isFeatureAvailable(hotKeysFeature)
+    if (!product.isFeatureAvailable(Features::cphs) || !product.isFeatureAvailable(Features::voiceMailHotKeys)
         || UTIL_GetCphsVMStatus() != 1)
         return false;
     if (index == 0)
-        return product.isFeatureAvailable(line1HotKeysFeature);
-    return product.isFeatureAvailable(secondLineFeature) && product.isFeatureAvailable(line2HotKeysFeature);
+        return product.isFeatureAvailable(Features::line1HotKeys);
+    return product.isFeatureAvailable(Features::secondLine)
+        && product.isFeatureAvailable(Features::line2HotKeys);
 }
 
 bool PHONE_ENG_Setup::loadVoiceMailboxNumberFromSIM()
