@@ -17,6 +17,15 @@ enum _TAPI_RESULT_E : unsigned int {
     TAPI_RESULT_SIM_UNAVAILABLE = 0x800A,
     TAPI_RESULT_PIN_REJECTED = 0x800C,
     TAPI_RESULT_PIN_REJECTED_FINAL = 0x8030,
+
+    // What a platform of this boundary answers for reasons that lie outside a request. The engine only passes them on.
+    TAPI_RESULT_NOT_SUPPORTED = 0x9000, ///< the platform, its modem or the network has no such service
+    TAPI_RESULT_TIMED_OUT = 0x9001,     ///< no answer in time; the request may still take effect
+    TAPI_RESULT_BUSY = 0x9002,          ///< another request was in progress for the whole deadline
+    TAPI_RESULT_SERVICE_DOWN = 0x9003,  ///< the telephony service does not run, or died meanwhile
+    TAPI_RESULT_MODEM_OFFLINE = 0x9004, ///< no modem, or it is off or offline
+    TAPI_RESULT_LINK_LOST = 0x9005,     ///< the link to the telephony service is gone until opened again
+    TAPI_RESULT_ACCESS_DENIED = 0x9006, ///< the system's policy keeps this program from the telephony service
 };
 
 using TAPI_RESULT_E = _TAPI_RESULT_E;

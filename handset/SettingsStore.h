@@ -1,4 +1,4 @@
-// The simulated phone's settings store: one SQLite file, shared safely between processes.
+// The phone's settings store: one SQLite file, shared safely between processes.
 #pragma once
 
 #include <QString>
