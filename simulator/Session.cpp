@@ -2,12 +2,13 @@
 #include "PlatformCall.h"
 
 #include "LogModule.h"
+#include "LogStream.h"
 #include "TAPI_CLIENT.h"
 
 using Simulator::Bytes;
 using Simulator::platformCall;
 
-std::FILE *libaplog_to_module_ptr = nullptr;
+std::FILE *libaplog_to_module_ptr = openLogStream(); // set when the library is loaded, before the first line
 
 _TAPI_RESULT_E TAPI_CLIENT_Init(_TAPI_CLIENT_SERVICE_S *services, int count)
 {
