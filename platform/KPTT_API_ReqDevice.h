@@ -27,7 +27,12 @@ struct _KPTT_REJECT_CALL_REQ_S {
 static_assert(sizeof(_KPTT_REJECT_CALL_REQ_S) == 8);
 static_assert(offsetof(_KPTT_REJECT_CALL_REQ_S, rejectType) == 4);
 
-/** Every request answers 0 when the service accepted it. */
+/**
+ * Every request answers 0 when the service accepted it.
+ *
+ * The engine makes these objects itself, so their size never changes: what a platform keeps for one goes into its
+ * room, or behind a pointer in it. The engine does not look into the room.
+ */
 class KPTT_API_ReqDevice {
 public:
     KPTT_API_ReqDevice();
@@ -43,4 +48,9 @@ public:
     int linkCallReq();
     int transferCallReq();
     int conferenceCallReq();
+
+private:
+    [[maybe_unused]] void *m_room[4]; ///< the platform's own, see above
 };
+
+static_assert(sizeof(KPTT_API_ReqDevice) == 4 * sizeof(void *));

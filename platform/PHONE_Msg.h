@@ -3,6 +3,10 @@
 
 #include <QObject>
 
+/**
+ * The engine makes these objects itself, so their size never changes: what a platform keeps for one goes into its
+ * room, or behind a pointer in it. The engine does not look into the room.
+ */
 class PHONE_Msg : public QObject {
 public:
     enum PHONE_MSG_TYPE_T : unsigned int {
@@ -13,4 +17,9 @@ public:
     ~PHONE_Msg() override;
 
     bool send(PHONE_MSG_TYPE_T type);
+
+private:
+    [[maybe_unused]] void *m_room[4]; ///< the platform's own, see above
 };
+
+static_assert(sizeof(PHONE_Msg) == sizeof(QObject) + 4 * sizeof(void *));
