@@ -1,12 +1,22 @@
 # Sourced by the other scripts: installs Debian packages that are missing, as root or with sudo.
 
-# need_packages NAME...
+# is_installed NAME[:ARCHITECTURE], for this machine's own architecture unless another is named. A package can be there
+# once for each architecture, and dpkg-query prints a line for each.
+is_installed() {
+    local architecture
+    architecture=$(dpkg --print-architecture)
+    [[ $1 == *:* ]] && architecture=${1#*:}
+    dpkg-query -W -f='${db:Status-Status} ${Architecture}\n' "${1%%:*}" 2>/dev/null |
+        grep -xE "installed ($architecture|all)" >/dev/null
+}
+
+# need_packages NAME[:ARCHITECTURE]...
 need_packages() {
-    local missing=() name
+    local missing=() foreign=() name
     for name in "$@"; do
-        if [[ $(dpkg-query -W -f='${db:Status-Status}' "$name" 2>/dev/null) != installed ]]; then
-            missing+=("$name")
-        fi
+        is_installed "$name" && continue
+        missing+=("$name")
+        [[ $name == *:* ]] && foreign+=("${name#*:}")
     done
     ((${#missing[@]} == 0)) && return
     local as_root=()
@@ -18,6 +28,9 @@ need_packages() {
         as_root=(sudo)
     fi
     echo "== Installing ${missing[*]}"
+    for name in "${foreign[@]}"; do
+        "${as_root[@]}" dpkg --add-architecture "$name"
+    done
     "${as_root[@]}" apt-get update -qq
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
         apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
