@@ -1,30 +1,27 @@
 // Commands that act on the simulated phone: what happens to it, what it has, how it answers.
 #include "Session.h"
 
-#include "SimulatedPhone.h"
+#include "SimulatedPhoneControl.h"
 
-#include <QFile>
 #include <QFileInfo>
 
-#include <algorithm>
-#include <cerrno>
+#include <chrono>
 
 namespace Console {
 
 namespace {
 
-SimulatedPhone &phone()
+/** Asked only by commands that run where the phone is loaded. */
+SimulatedPhoneControl &phone()
 {
-    return SimulatedPhone::instance();
+    return *findSimulatedPhone();
 }
 
 QString noSuchFunction(const QString &name)
 {
-    const auto &names = SimulatedPhone::functionNames();
-    if (std::find(names.begin(), names.end(), name.toStdString()) != names.end())
-        return {};
-    return QStringLiteral("there is no platform function %1: expected a name that .calls shows, like %2")
-        .arg(name, QLatin1String("TAPI_CS_SelectLine"));
+    return QStringLiteral("there is no platform function %1: expected a name that .calls shows, like %2, or "
+                          "the beginning of names, like %3")
+        .arg(name, QLatin1String("TAPI_CS_SelectLine"), QLatin1String("TAPI_CS_*"));
 }
 
 /** Reads a number, or says what was wrong with it. */
@@ -50,15 +47,11 @@ QString readChoice(const QString &word, const char *yes, const char *no, const s
 
 QString script(const QStringList &words, long long result, std::vector<std::string> out, int times)
 {
-    const QString error = noSuchFunction(words.first());
-    if (!error.isEmpty())
-        return error;
     ScriptedAnswer answer;
     answer.result = result;
     answer.out = std::move(out);
     answer.times = times;
-    phone().script(words.first().toStdString(), answer);
-    return {};
+    return phone().setAnswer(words.first().toStdString(), answer) ? QString() : noSuchFunction(words.first());
 }
 
 QString fail(const QStringList &words)
@@ -93,11 +86,25 @@ QString answer(const QStringList &words)
     return error.isEmpty() ? script(words, result, out, -1) : error;
 }
 
+QString delay(const QStringList &words)
+{
+    constexpr int longest = 600'000;
+    int milliseconds = -1;
+    const QString error = readNumber<int>(words.at(1), [&](int number) { milliseconds = number; });
+    if (!error.isEmpty() || milliseconds < 0 || milliseconds > longest)
+        return QStringLiteral("MS cannot be %1: expected a number from 0 to %2")
+            .arg(quoted(words.at(1)))
+            .arg(longest);
+    return phone().setDelay(words.first().toStdString(), std::chrono::milliseconds(milliseconds))
+        ? QString()
+        : noSuchFunction(words.first());
+}
+
 QString pushToTalk(const QStringList &words)
 {
     const bool accepts = words.first() == QLatin1String("accept");
     if (words.size() == 1 && (accepts || words.first() == QLatin1String("refuse"))) {
-        phone().state().calls.pushToTalkAccepts = accepts;
+        phone().setPushToTalkAccepts(accepts);
         return {};
     }
     const bool complete = words.size() > 2 && words.at(2) == QLatin1String("complete");
@@ -109,24 +116,15 @@ QString pushToTalk(const QStringList &words)
     return error.isEmpty() && !started ? QStringLiteral("there is no room for that call") : error;
 }
 
-/** Every write fails as on a full file system, without filling one. */
-void fillDisk(bool full)
-{
-    for (const char *write : {"SETUP_SET_Manager::setSettingInfo", "SETUP_SET_Manager::flush"}) {
-        ScriptedAnswer refusal;
-        refusal.error = ENOSPC;
-        if (full)
-            phone().script(write, refusal);
-        else
-            phone().clearScript(write);
-    }
-}
-
 } // namespace
 
 void Session::addPhoneCommands()
 {
-    const auto product = [] { return &phone().state().product; };
+    const auto probeNote = [this] {
+        say(QStringLiteral(
+            "note: where PHONE_ENG_IsTapiDeviceActive found the link down, it answers false until the "
+            "console ends"));
+    };
     const std::vector<Command> commands = {
         {QStringLiteral(".fail"), QStringLiteral("FUNCTION CODE [TIMES]"),
          QStringLiteral("Makes a platform function answer with a code."), 2, 3, fail},
@@ -135,14 +133,18 @@ void Session::addPhoneCommands()
         {QStringLiteral(".pass"), QStringLiteral("FUNCTION"),
          QStringLiteral("Lets a platform function answer by itself again."), 1, 1,
          [](const QStringList &words) {
-             phone().clearScript(words.first().toStdString());
-             return noSuchFunction(words.first());
+             return phone().clearAnswer(words.first().toStdString()) ? QString()
+                                                                     : noSuchFunction(words.first());
          }},
-        {QStringLiteral(".state"), QString(), QStringLiteral("Shows the phone's shared state and its calls."),
-         0, 0, [this](const QStringList &) { return showState(); }},
+        {QStringLiteral(".delay"), QStringLiteral("FUNCTION MS"),
+         QStringLiteral("Makes a platform function answer later; 0 for at once."), 2, 2, delay},
+        {QStringLiteral(".state"), QString(),
+         QStringLiteral("Shows how the phone is, and what was arranged for it."), 0, 0,
+         [this](const QStringList &) { return showState(); }},
         {QStringLiteral(".reset"), QString(), QStringLiteral("A new phone. The settings stay."), 0, 0,
-         [](const QStringList &) {
+         [probeNote](const QStringList &) {
              phone().reset();
+             probeNote();
              return QString();
          }},
         {QStringLiteral(".ring"), QStringLiteral("NUMBER"), QStringLiteral("A call comes in."), 1, 1,
@@ -161,89 +163,76 @@ void Session::addPhoneCommands()
                  words.first(), [&](unsigned char callId) { connected = phone().remoteAnswers(callId); });
              return error.isEmpty() && !connected ? QStringLiteral("no such call is being dialled") : error;
          }},
+        {QStringLiteral(".hangup"), QStringLiteral("CALLID"), QStringLiteral("The other side ends a call."),
+         1, 1,
+         [](const QStringList &words) {
+             bool ended = false;
+             const QString error = readNumber<unsigned char>(
+                 words.first(), [&](unsigned char callId) { ended = phone().remoteHangsUp(callId); });
+             return error.isEmpty() && !ended ? QStringLiteral("there is no such call") : error;
+         }},
         {QStringLiteral(".ptt"), QStringLiteral("start CALLID [complete] | accept | refuse"),
          QStringLiteral(
              "Starts a push-to-talk call, its audio buffer complete or not; or what its service answers."),
          1, 3, pushToTalk},
         {QStringLiteral(".link"), QStringLiteral("up|down"), QStringLiteral("The telephony link."), 1, 1,
-         [](const QStringList &words) {
-             return readChoice(words.first(), "up", "down",
-                               [](bool up) { up ? phone().openLink() : phone().closeLink(); });
+         [probeNote](const QStringList &words) {
+             return readChoice(words.first(), "up", "down", [&](bool up) {
+                 phone().setLink(up);
+                 if (up)
+                     probeNote();
+             });
          }},
         {QStringLiteral(".sim"), QStringLiteral("ready|busy"),
          QStringLiteral("Whether the SIM may be asked (the shared status behind it)."), 1, 1,
          [](const QStringList &words) {
              return readChoice(words.first(), "ready", "busy",
-                               [](bool ready) { phone().state().shared.simPinBattery = ready ? 0 : 1; });
+                               [](bool ready) { phone().setSimReady(ready); });
          }},
         {QStringLiteral(".incoming"), QStringLiteral("yes|no"),
          QStringLiteral("Whether the shared state says that a call is coming in."), 1, 1,
          [](const QStringList &words) {
-             return readChoice(words.first(), "yes", "no",
-                               [](bool yes) { phone().state().shared.incomingCall = yes ? 1 : 0; });
+             return readChoice(words.first(), "yes", "no", [](bool yes) { phone().setIncoming(yes); });
          }},
         {QStringLiteral(".disk"), QStringLiteral("full|free"),
          QStringLiteral("Whether the settings store finds the disk full."), 1, 1,
-         [](const QStringList &words) { return readChoice(words.first(), "full", "free", fillDisk); }},
+         [](const QStringList &words) {
+             return readChoice(words.first(), "full", "free", [](bool full) { phone().setDiskFull(full); });
+         }},
         {QStringLiteral(".feature"), QStringLiteral("ID on|off"),
          QStringLiteral("Whether the product has a feature (it has all at the start)."), 2, 2,
-         [product](const QStringList &words) {
+         [](const QStringList &words) {
              unsigned short feature = 0;
              const QString error =
                  readNumber<unsigned short>(words.first(), [&](unsigned short id) { feature = id; });
              if (!error.isEmpty())
                  return error;
-             return readChoice(words.at(1), "on", "off", [&](bool on) {
-                 if (on)
-                     product()->missingFeatures.erase(feature);
-                 else
-                     product()->missingFeatures.insert(feature);
-             });
+             return readChoice(words.at(1), "on", "off", [&](bool on) { phone().setFeature(feature, on); });
          }},
         {QStringLiteral(".language"), QStringLiteral("ID"),
          QStringLiteral("The system language; 20 and 22 have names of their own."), 1, 1,
-         [product](const QStringList &words) {
-             return readNumber<int>(words.first(), [&](int id) { product()->language = id; });
+         [](const QStringList &words) {
+             return readNumber<int>(words.first(), [](int id) { phone().setLanguage(id); });
          }},
         {QStringLiteral(".settings"), QStringLiteral("[FILE]"),
          QStringLiteral("Shows or changes the file that keeps the settings."), 0, 1,
          [this](const QStringList &words) {
              if (!words.isEmpty())
-                 phone().settings().setFile(QFileInfo(words.first()).absoluteFilePath());
-             say(QStringLiteral("settings = ") + phone().settings().file());
+                 phone().setSettingsFile(QFileInfo(words.first()).absoluteFilePath().toStdString());
+             say(QStringLiteral("settings = ") + QString::fromStdString(phone().settingsFile()));
              return QString();
          }},
     };
-    m_commands.insert(m_commands.end(), commands.begin(), commands.end());
+    for (Command command : commands) {
+        command.needsPhone = true;
+        m_commands.push_back(command);
+    }
 }
 
 QString Session::showState()
 {
-    const PhoneState &state = phone().state();
-    const SharedState &shared = state.shared;
-    const std::vector<std::pair<const char *, int>> values = {
-        {"dialHyphenation", shared.dialHyphenation},
-        {"chargeType", shared.chargeType},
-        {"restrictId", shared.restrictId},
-        {"restrictNextId", shared.restrictNextId},
-        {"phoneLine", shared.phoneLine},
-        {"cphsForwarding", shared.cphsForwarding},
-        {"cphsVoiceMail", shared.cphsVoiceMail},
-        {"simPinBattery", shared.simPinBattery},
-        {"pinStatus", shared.pinStatus},
-        {"cardType", shared.cardType},
-        {"activeAccount", shared.activeAccount},
-        {"incomingCall", shared.incomingCall},
-    };
-    for (const auto &[name, value] : values)
-        say(QStringLiteral("%1 = %2").arg(QLatin1String(name)).arg(value));
-    say(assignment(QStringLiteral("calls"), Value<_TAPI_CALL_SESSION_TABLE_S>::show(state.calls.table)));
-    for (const PushToTalkCall &call : state.calls.pushToTalkCalls) {
-        if (call.callId != 0)
-            say(QStringLiteral("push-to-talk call %1: %2")
-                    .arg(call.callId)
-                    .arg(call.active ? QStringLiteral("active") : QStringLiteral("held")));
-    }
+    for (const SimulatedPhoneControl::Fact &fact : phone().facts())
+        say(QString::fromStdString(fact.subject + ": " + fact.text));
     return {};
 }
 

@@ -1,9 +1,7 @@
 // Running lines: operations, commands and scripts.
 #include "Session.h"
 
-#include "SimulatedPhone.h"
-
-#include "LogModule.h"
+#include "SimulatedPhoneControl.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -58,12 +56,17 @@ bool splitWords(const QString &line, QStringList &words)
 
 Session::Session()
     : m_out(stdout)
+    , m_log(static_cast<std::FILE **>(dlsym(RTLD_DEFAULT, "libaplog_to_module_ptr")))
+    , m_platformLog(m_log ? *m_log : nullptr)
     , m_noLog(std::fopen("/dev/null", "w"))
 {
     addCommands();
     addPhoneCommands();
     setLogShown(false);
-    SimulatedPhone::instance().setObserver([this](const std::string &call, const std::string &answer) {
+    SimulatedPhoneControl *const phone = findSimulatedPhone();
+    if (!phone)
+        return;
+    phone->setObserver([this](const std::string &call, const std::string &answer) {
         if (!m_callsShown)
             return;
         const QString line = QStringLiteral("  ") + QString::fromStdString(call);
@@ -73,13 +76,16 @@ Session::Session()
 
 Session::~Session()
 {
-    SimulatedPhone::instance().setObserver(nullptr);
-    libaplog_to_module_ptr = nullptr;
+    if (SimulatedPhoneControl *const phone = findSimulatedPhone())
+        phone->setObserver(nullptr);
+    if (m_log)
+        *m_log = m_platformLog;
 }
 
 void Session::setLogShown(bool shown)
 {
-    libaplog_to_module_ptr = shown ? nullptr : m_noLog.get();
+    if (m_log)
+        *m_log = shown ? nullptr : m_platformLog ? m_platformLog : m_noLog.get();
 }
 
 Status Session::runLine(const QString &line)
@@ -142,9 +148,12 @@ QStringList Session::completions(const QString &line) const
             names += operation.name;
     } else if (words.size() > 1) {
         const QString &command = words.first();
+        SimulatedPhoneControl *const phone = findSimulatedPhone();
+        if (!phone)
+            return {};
         if (command == QLatin1String(".fail") || command == QLatin1String(".answer")
-            || command == QLatin1String(".pass")) {
-            for (const std::string_view function : SimulatedPhone::functionNames())
+            || command == QLatin1String(".pass") || command == QLatin1String(".delay")) {
+            for (const std::string_view function : phone->functions())
                 names += QString::fromLatin1(function.data(), static_cast<int>(function.size()));
         }
     } else {
@@ -200,6 +209,10 @@ Status Session::runCommand(const QString &name, const QStringList &words)
                                     [&](const Command &command) { return command.name == name; });
     if (found == m_commands.end())
         return mistake(QStringLiteral("there is no command %1: expected one that .help shows").arg(name));
+    if (found->needsPhone && !findSimulatedPhone())
+        return mistake(
+            QStringLiteral("%1: the simulated phone is not loaded: the platform library is another one")
+                .arg(name));
     if (words.size() < found->fewest || words.size() > found->most)
         return mistake(QStringLiteral("%1: wrong number of arguments; usage: %1 %2").arg(name, found->usage));
     const QString error = found->run(words);

@@ -52,6 +52,7 @@ private:
         int fewest; ///< arguments
         int most;
         std::function<QString(const QStringList &words)> run; ///< returns what was wrong, or nothing
+        bool needsPhone = false;                              ///< acts on the simulated phone
     };
     struct CloseFile {
         void operator()(std::FILE *file) const { std::fclose(file); }
@@ -71,6 +72,8 @@ private:
     std::vector<Command> m_commands;
     QPointer<QObject> m_watchedSetup;
     QPointer<QObject> m_watchedNetwork;
+    std::FILE **m_log;        ///< the log library's variable, null where there is none
+    std::FILE *m_platformLog; ///< where the platform sends the log by itself, null for nowhere
     std::unique_ptr<std::FILE, CloseFile> m_noLog;
     QString m_place; ///< file and line of a script, for mistakes
     bool m_echo = false;

@@ -2,7 +2,7 @@
 #include "Prompt.h"
 #include "Session.h"
 
-#include "SimulatedPhone.h"
+#include "SimulatedPhoneControl.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -51,8 +51,16 @@ int main(int argc, char **argv)
     if (parser.isSet(QStringLiteral("version")))
         parser.showVersion();
 
-    if (parser.isSet(settings))
-        SimulatedPhone::instance().settings().setFile(QFileInfo(parser.value(settings)).absoluteFilePath());
+    if (parser.isSet(settings)) {
+        SimulatedPhoneControl *const phone = findSimulatedPhone();
+        if (!phone) {
+            QTextStream(stderr)
+                << "error: --settings: the simulated phone is not loaded: the platform library is "
+                   "another one\n";
+            return mistakeStatus;
+        }
+        phone->setSettingsFile(QFileInfo(parser.value(settings)).absoluteFilePath().toStdString());
+    }
     Console::Session session;
     session.setEcho(parser.isSet(echo));
     session.setCallsShown(!parser.isSet(quiet));

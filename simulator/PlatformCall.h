@@ -12,6 +12,7 @@
 #include <cstddef>
 #include <cstring>
 #include <initializer_list>
+#include <mutex>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -115,11 +116,17 @@ inline const char *text(const unsigned char *string)
     return reinterpret_cast<const char *>(string);
 }
 
+/**
+ * Answers one platform call. A behaviour that takes the phone's state runs while nobody else changes it; one that takes
+ * nothing runs beside others.
+ */
 template <typename Behaviour, typename... Arguments>
 auto platformCall(const char *function, std::initializer_list<Out> out, Behaviour behaviour,
                   const Arguments &...arguments)
 {
-    using Result = std::invoke_result_t<Behaviour, PhoneState &>;
+    constexpr bool usesState = std::is_invocable_v<Behaviour, PhoneState &>;
+    using Result = typename std::conditional_t<usesState, std::invoke_result<Behaviour, PhoneState &>,
+                                               std::invoke_result<Behaviour>>::type;
     SimulatedPhone &phone = SimulatedPhone::instance();
     const bool noted = phone.isJournalEnabled();
     std::string call;
@@ -127,10 +134,17 @@ auto platformCall(const char *function, std::initializer_list<Out> out, Behaviou
         call = describe(function, arguments...);
         phone.note(call);
     }
+    phone.waitForAnswer(function);
     const auto answer = [&]() -> Result {
+        std::unique_lock lock(phone.mutex());
         const ScriptedAnswer *const scripted = phone.scriptedAnswer(function);
-        if (!scripted)
-            return behaviour(phone.state());
+        if constexpr (usesState) {
+            if (!scripted)
+                return behaviour(phone.state());
+        } else if (!scripted) {
+            lock.unlock();
+            return behaviour();
+        }
         const Out *parameter = out.begin();
         for (const std::string &bytes : scripted->out) {
             if (parameter == out.end())

@@ -41,7 +41,7 @@ bool SETUP_SET_Manager::getSettingInfo(QString group, QString key, bool &value, 
 {
     return platformCall(
         "SETUP_SET_Manager::getSettingInfo", {Out(&value)},
-        [&](PhoneState &) {
+        [&] {
             const auto stored = store().readInteger({m_app, group, key}, SettingsStore::Type::Bool);
             value = stored ? *stored != 0 : defaultValue;
             return stored.has_value();
@@ -53,7 +53,7 @@ bool SETUP_SET_Manager::getSettingInfo(QString group, QString key, int &value, i
 {
     return platformCall(
         "SETUP_SET_Manager::getSettingInfo", {Out(&value)},
-        [&](PhoneState &) {
+        [&] {
             const auto stored = store().readInteger({m_app, group, key}, SettingsStore::Type::Int);
             value = stored.value_or(defaultValue);
             return stored.has_value();
@@ -66,7 +66,7 @@ bool SETUP_SET_Manager::getSettingInfo(QString group, QString key, QString &valu
 {
     return platformCall(
         "SETUP_SET_Manager::getSettingInfo", {Out(&value)},
-        [&](PhoneState &) {
+        [&] {
             const auto stored = store().readText({m_app, group, key});
             value = stored.value_or(defaultValue);
             return stored.has_value();
@@ -78,7 +78,7 @@ bool SETUP_SET_Manager::setSettingInfo(QString group, QString key, bool value)
 {
     return keep(platformCall(
         "SETUP_SET_Manager::setSettingInfo", {},
-        [&](PhoneState &) {
+        [&] {
             return mayWrite()
                 && store().writeInteger({m_app, group, key}, SettingsStore::Type::Bool, value ? 1 : 0,
                                         m_commitEachWrite ? nullptr : this);
@@ -90,7 +90,7 @@ bool SETUP_SET_Manager::setSettingInfo(QString group, QString key, int value)
 {
     return keep(platformCall(
         "SETUP_SET_Manager::setSettingInfo", {},
-        [&](PhoneState &) {
+        [&] {
             return mayWrite()
                 && store().writeInteger({m_app, group, key}, SettingsStore::Type::Int, value,
                                         m_commitEachWrite ? nullptr : this);
@@ -102,7 +102,7 @@ bool SETUP_SET_Manager::setSettingInfo(QString group, QString key, QString value
 {
     return keep(platformCall(
         "SETUP_SET_Manager::setSettingInfo", {},
-        [&](PhoneState &) {
+        [&] {
             return mayWrite()
                 && store().writeText({m_app, group, key}, value, m_commitEachWrite ? nullptr : this);
         },
@@ -111,7 +111,7 @@ bool SETUP_SET_Manager::setSettingInfo(QString group, QString key, QString value
 
 bool SETUP_SET_Manager::flush()
 {
-    const bool flushed = platformCall("SETUP_SET_Manager::flush", {}, [this](PhoneState &) {
+    const bool flushed = platformCall("SETUP_SET_Manager::flush", {}, [this] {
         if (m_collection == Collection::Failed)
             errno = m_failure;
         return m_collection == Collection::Empty

@@ -3,6 +3,8 @@
 
 #include "PlatformCall.h"
 
+#include <thread>
+
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -41,11 +43,14 @@ void SimulatedPhone::reset()
     m_link.reset();
     m_journal.clear();
     m_scripts.clear();
+    m_delays.clear();
+    m_delayed = false;
     m_answerer = nullptr;
 }
 
 void SimulatedPhone::note(std::string entry)
 {
+    const std::lock_guard lock(m_mutex);
     if (m_journalEnabled)
         m_journal.push_back(std::move(entry));
 }
@@ -55,8 +60,16 @@ std::vector<std::string> SimulatedPhone::takeJournal()
     return std::exchange(m_journal, {});
 }
 
+void SimulatedPhone::setObserver(Observer observer)
+{
+    const std::lock_guard lock(m_mutex);
+    m_observer = std::move(observer);
+    m_observed = m_observer != nullptr;
+}
+
 void SimulatedPhone::tellObserver(const std::string &call, const std::string &answer)
 {
+    const std::lock_guard lock(m_mutex);
     if (m_observer)
         m_observer(call, answer);
 }
@@ -85,6 +98,29 @@ const ScriptedAnswer *SimulatedPhone::scriptedAnswer(std::string_view function)
     if (--found->second.times <= 0)
         m_scripts.erase(found);
     return &m_lastAnswer;
+}
+
+void SimulatedPhone::setDelay(const std::string &function, std::chrono::milliseconds delay)
+{
+    if (delay.count() > 0)
+        m_delays[function] = delay;
+    else
+        m_delays.erase(function);
+    m_delayed = !m_delays.empty();
+}
+
+void SimulatedPhone::waitForAnswer(std::string_view function)
+{
+    if (!m_delayed)
+        return;
+    std::chrono::milliseconds delay = {};
+    {
+        const std::lock_guard lock(m_mutex);
+        const auto found = m_delays.find(function);
+        if (found != m_delays.end())
+            delay = found->second;
+    }
+    std::this_thread::sleep_for(delay);
 }
 
 void SimulatedPhone::openLink()

@@ -3,21 +3,17 @@
 
 #include "PhoneState.h"
 #include "SettingsStore.h"
+#include "SimulatedPhoneControl.h"
 
+#include <atomic>
+#include <chrono>
 #include <functional>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <string>
 #include <string_view>
 #include <vector>
-
-/** What a platform function answers in place of the phone's own behaviour. */
-struct ScriptedAnswer {
-    long long result = 0;
-    std::vector<std::string> out; ///< raw bytes for its out-parameters, in order; missing ones stay untouched
-    int error = 0;                ///< errno after the call, when not 0
-    int times = -1;               ///< how many calls it answers; negative for all
-};
 
 /**
  * The simulated phone of this process.
@@ -29,21 +25,25 @@ class SimulatedPhone {
 public:
     static SimulatedPhone &instance();
 
-    /** A new phone: default state, no scripts, an empty journal, no link. The settings stay. */
+    /** A new phone: default state, no scripts, no delays, an empty journal, no link. The settings stay. */
     void reset();
 
+    /** Held by a platform function while it answers, and by whoever changes the phone from another thread. */
+    std::recursive_mutex &mutex() { return m_mutex; }
+
     PhoneState &state() { return m_state; }
+    const PhoneState &state() const { return m_state; }
     SettingsStore &settings() { return m_settings; }
 
     /** @name The journal: every platform call with its arguments, in order
      * @{ */
     void setJournalEnabled(bool enabled) { m_journalEnabled = enabled; }
-    bool isJournalEnabled() const { return m_journalEnabled || m_observer; }
+    bool isJournalEnabled() const { return m_journalEnabled || m_observed; }
     void note(std::string entry);
     std::vector<std::string> takeJournal();
     /** Is told of each call when it has been answered, with the answer as text. */
     using Observer = std::function<void(const std::string &call, const std::string &answer)>;
-    void setObserver(Observer observer) { m_observer = std::move(observer); }
+    void setObserver(Observer observer);
     void tellObserver(const std::string &call, const std::string &answer);
     /** @} */
 
@@ -51,6 +51,7 @@ public:
      * @{ */
     void script(const std::string &function, ScriptedAnswer answer);
     void clearScript(const std::string &function);
+    const auto &scripts() const { return m_scripts; }
     /** Answers every call that no script answers. The pointer must stay good until the next call. */
     using Answerer = std::function<const ScriptedAnswer *(std::string_view function)>;
     void setAnswerer(Answerer answerer) { m_answerer = std::move(answerer); }
@@ -58,6 +59,14 @@ public:
     const ScriptedAnswer *scriptedAnswer(std::string_view function);
     /** The platform functions, for those who script them. */
     static const std::vector<std::string_view> &functionNames();
+    /** @} */
+
+    /** @name Late answers, by the name of the platform function
+     * @{ */
+    void setDelay(const std::string &function, std::chrono::milliseconds delay);
+    const auto &delays() const { return m_delays; }
+    /** Waits as long as the function's answer is late. */
+    void waitForAnswer(std::string_view function);
     /** @} */
 
     /** @name The telephony link: a real socket pair
@@ -73,6 +82,8 @@ public:
     unsigned char ring(const std::string &number);
     /** The other side answers a call that was dialled. */
     bool remoteAnswers(unsigned char callId);
+    /** The other side ends a call. */
+    bool remoteHangsUp(unsigned char callId);
     /** A push-to-talk call begins to play. False when there is no room for it. */
     bool startPushToTalk(unsigned char callId, bool audioBufferComplete);
     /** @} */
@@ -83,13 +94,17 @@ private:
     SimulatedPhone();
     ~SimulatedPhone();
 
+    std::recursive_mutex m_mutex;
     PhoneState m_state;
     SettingsStore m_settings;
     std::unique_ptr<Link> m_link;
-    bool m_journalEnabled = false;
+    std::atomic<bool> m_journalEnabled = false;
+    std::atomic<bool> m_observed = false;
     std::vector<std::string> m_journal;
     Observer m_observer;
     std::map<std::string, ScriptedAnswer, std::less<>> m_scripts;
     ScriptedAnswer m_lastAnswer;
+    std::atomic<bool> m_delayed = false;
+    std::map<std::string, std::chrono::milliseconds, std::less<>> m_delays;
     Answerer m_answerer;
 };

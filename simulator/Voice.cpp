@@ -112,6 +112,13 @@ bool SimulatedPhone::remoteAnswers(unsigned char callId)
         == TAPI_RESULT_SUCC;
 }
 
+bool SimulatedPhone::remoteHangsUp(unsigned char callId)
+{
+    const bool found = findCall(m_state.calls, callId) != nullptr;
+    removeCall(m_state, callId);
+    return found;
+}
+
 _TAPI_RESULT_E TAPI_VOICE_MakeCall(signed char option, unsigned char *dialString, unsigned char *callId)
 {
     return platformCall(
