@@ -11,6 +11,9 @@
  * A read sets the out value to the stored value, or to the default when nothing is stored under this
  * group, key and type. A write or flush() that answers false leaves the reason in errno: ENOSPC when
  * the file system is full. errno must survive until the caller has looked at it.
+ *
+ * The engine makes these objects itself, so their size never changes: what a platform keeps for one goes into its
+ * room, or behind a pointer in it. The engine does not look into the room.
  */
 class SETUP_SET_Manager {
 public:
@@ -37,13 +40,7 @@ public:
     bool flush();
 
 private:
-    enum class Collection { Empty, Open, Failed };
-
-    bool mayWrite() const;
-    bool keep(bool written);
-
-    AM_Global::Apps m_app;
-    bool m_commitEachWrite;
-    Collection m_collection = Collection::Empty;
-    int m_failure = 0; ///< errno of the collected write that failed
+    void *m_room[6]; ///< the platform's own, see above
 };
+
+static_assert(sizeof(SETUP_SET_Manager) == 6 * sizeof(void *));

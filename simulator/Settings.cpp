@@ -1,150 +1,96 @@
 // The settings library: the store, and what the product offers.
 #include "PlatformCall.h"
+#include "Room.h"
+#include "SettingsAccess.h"
 
 #include "SETUP_SET_Manager.h"
 #include "SETUP_Utility.h"
 #include "ZKbConfig.h"
-
-#include <cstdio>
-#include <cstring>
 
 using Simulator::Out;
 using Simulator::platformCall;
 
 namespace {
 
-SettingsStore &store()
+template <typename Value, typename... Rest>
+bool readSetting(SettingsAccess &settings, const QString &group, const QString &key, Value &value,
+                 const Value &defaultValue, const Rest &...encrypted)
 {
-    return SimulatedPhone::instance().settings();
+    return platformCall(
+        "SETUP_SET_Manager::getSettingInfo", {Out(&value)},
+        [&] { return settings.read(group, key, value, defaultValue); }, group, key, defaultValue,
+        encrypted...);
+}
+
+template <typename Value, typename... Rest>
+bool writeSetting(SettingsAccess &settings, const QString &group, const QString &key, const Value &value,
+                  const Rest &...encrypted)
+{
+    const bool written = platformCall(
+        "SETUP_SET_Manager::setSettingInfo", {}, [&] { return settings.write(group, key, value); }, group,
+        key, value, encrypted...);
+    if (!written)
+        settings.refuse(); // also when the answer was scripted
+    return written;
 }
 
 } // namespace
 
 SETUP_SET_Manager::SETUP_SET_Manager(AM_Global::Apps app, bool commitEachWrite)
-    : m_app(app)
-    , m_commitEachWrite(commitEachWrite)
 {
+    makeInRoom<SettingsAccess>(m_room, SimulatedPhone::instance().settings(), app, commitEachWrite);
     platformCall(
-        "SETUP_SET_Manager", {}, [](PhoneState &) {}, app, commitEachWrite);
+        "SETUP_SET_Manager", {}, [] {}, app, commitEachWrite);
 }
 
 SETUP_SET_Manager::~SETUP_SET_Manager()
 {
-    platformCall("~SETUP_SET_Manager", {}, [](PhoneState &) {});
-    if (m_collection == Collection::Open && !store().commit(this))
-        std::fprintf(stderr, "settings store: collected writes are lost: %s\n", std::strerror(errno));
-    else if (m_collection == Collection::Failed)
-        store().rollback(this);
+    platformCall("~SETUP_SET_Manager", {}, [] {});
+    leaveRoom<SettingsAccess>(m_room);
 }
 
 bool SETUP_SET_Manager::getSettingInfo(QString group, QString key, bool &value, bool defaultValue)
 {
-    return platformCall(
-        "SETUP_SET_Manager::getSettingInfo", {Out(&value)},
-        [&] {
-            const auto stored = store().readInteger({m_app, group, key}, SettingsStore::Type::Bool);
-            value = stored ? *stored != 0 : defaultValue;
-            return stored.has_value();
-        },
-        group, key, defaultValue);
+    return readSetting(inRoom<SettingsAccess>(m_room), group, key, value, defaultValue);
 }
 
 bool SETUP_SET_Manager::getSettingInfo(QString group, QString key, int &value, int defaultValue)
 {
-    return platformCall(
-        "SETUP_SET_Manager::getSettingInfo", {Out(&value)},
-        [&] {
-            const auto stored = store().readInteger({m_app, group, key}, SettingsStore::Type::Int);
-            value = stored.value_or(defaultValue);
-            return stored.has_value();
-        },
-        group, key, defaultValue);
+    return readSetting(inRoom<SettingsAccess>(m_room), group, key, value, defaultValue);
 }
 
 bool SETUP_SET_Manager::getSettingInfo(QString group, QString key, QString &value, QString defaultValue,
                                        bool encrypted)
 {
-    return platformCall(
-        "SETUP_SET_Manager::getSettingInfo", {Out(&value)},
-        [&] {
-            const auto stored = store().readText({m_app, group, key});
-            value = stored.value_or(defaultValue);
-            return stored.has_value();
-        },
-        group, key, defaultValue, encrypted);
+    return readSetting(inRoom<SettingsAccess>(m_room), group, key, value, defaultValue, encrypted);
 }
 
 bool SETUP_SET_Manager::setSettingInfo(QString group, QString key, bool value)
 {
-    return keep(platformCall(
-        "SETUP_SET_Manager::setSettingInfo", {},
-        [&] {
-            return mayWrite()
-                && store().writeInteger({m_app, group, key}, SettingsStore::Type::Bool, value ? 1 : 0,
-                                        m_commitEachWrite ? nullptr : this);
-        },
-        group, key, value));
+    return writeSetting(inRoom<SettingsAccess>(m_room), group, key, value);
 }
 
 bool SETUP_SET_Manager::setSettingInfo(QString group, QString key, int value)
 {
-    return keep(platformCall(
-        "SETUP_SET_Manager::setSettingInfo", {},
-        [&] {
-            return mayWrite()
-                && store().writeInteger({m_app, group, key}, SettingsStore::Type::Int, value,
-                                        m_commitEachWrite ? nullptr : this);
-        },
-        group, key, value));
+    return writeSetting(inRoom<SettingsAccess>(m_room), group, key, value);
 }
 
 bool SETUP_SET_Manager::setSettingInfo(QString group, QString key, QString value, bool encrypted)
 {
-    return keep(platformCall(
-        "SETUP_SET_Manager::setSettingInfo", {},
-        [&] {
-            return mayWrite()
-                && store().writeText({m_app, group, key}, value, m_commitEachWrite ? nullptr : this);
-        },
-        group, key, value, encrypted));
+    return writeSetting(inRoom<SettingsAccess>(m_room), group, key, value, encrypted);
 }
 
 bool SETUP_SET_Manager::flush()
 {
-    const bool flushed = platformCall("SETUP_SET_Manager::flush", {}, [this] {
-        if (m_collection == Collection::Failed)
-            errno = m_failure;
-        return m_collection == Collection::Empty
-            || (m_collection == Collection::Open && store().commit(this));
-    });
+    auto &settings = inRoom<SettingsAccess>(m_room);
+    const bool flushed =
+        platformCall("SETUP_SET_Manager::flush", {}, [&settings] { return settings.flush(); });
     if (!flushed) {
         const int reason = errno;
-        store().rollback(this);
+        settings.discard(); // also when the answer was scripted
         errno = reason;
     }
-    m_collection = Collection::Empty;
     return flushed;
-}
-
-/** A collection with one failed write is given up as a whole, so nothing more goes into it. */
-bool SETUP_SET_Manager::mayWrite() const
-{
-    if (m_collection == Collection::Failed)
-        errno = m_failure;
-    return m_collection != Collection::Failed;
-}
-
-bool SETUP_SET_Manager::keep(bool written)
-{
-    if (m_commitEachWrite)
-        return written;
-    if (!written && m_collection != Collection::Failed) {
-        m_collection = Collection::Failed;
-        m_failure = errno;
-    } else if (m_collection == Collection::Empty) {
-        m_collection = Collection::Open;
-    }
-    return written;
 }
 
 SETUP_Utility::SETUP_Utility()
