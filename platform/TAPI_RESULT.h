@@ -26,6 +26,7 @@ enum _TAPI_RESULT_E : unsigned int {
     TAPI_RESULT_MODEM_OFFLINE = 0x9004, ///< no modem, or it is off or offline
     TAPI_RESULT_LINK_LOST = 0x9005,     ///< the link to the telephony service is gone until opened again
     TAPI_RESULT_ACCESS_DENIED = 0x9006, ///< the system's policy keeps this program from the telephony service
+    TAPI_RESULT_PIN2_NEEDED = 0x9007,   ///< the request needs the PIN2, which must be verified first
 };
 
 using TAPI_RESULT_E = _TAPI_RESULT_E;

@@ -1,0 +1,138 @@
+// What the product offers.
+#include "Product.h"
+
+#include <QString>
+
+#include <cerrno>
+#include <charconv>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+
+namespace Handset {
+
+namespace {
+
+constexpr char defaultFile[] = "/etc/kvq/product.conf";
+
+/** Two lines, their lock, and what belongs to a card with them: none of it has a service behind it by default. */
+constexpr unsigned short featuresOfTwoLines[] = {2007, 2040, 2171, 2189, 2258};
+constexpr unsigned short operatorNames = 2037;
+
+constexpr char whiteSpace[] = " \t\r";
+
+std::string trimmed(const std::string &text)
+{
+    const auto begin = text.find_first_not_of(whiteSpace);
+    return begin == std::string::npos ? std::string()
+                                      : text.substr(begin, text.find_last_not_of(whiteSpace) - begin + 1);
+}
+
+std::optional<bool> parsedFlag(const std::string &text)
+{
+    if (text == "yes")
+        return true;
+    return text == "no" ? std::optional(false) : std::nullopt;
+}
+
+std::optional<unsigned short> parsedId(const std::string &text)
+{
+    unsigned short id = 0;
+    const auto parsed = std::from_chars(text.data(), text.data() + text.size(), id);
+    return parsed.ec == std::errc() && parsed.ptr == text.data() + text.size() ? std::optional(id)
+                                                                               : std::nullopt;
+}
+
+template <typename Value>
+void include(std::set<Value> &set, const Value &value, bool included)
+{
+    if (included)
+        set.insert(value);
+    else
+        set.erase(value);
+}
+
+void report(const std::string &path, int line, const std::string &what)
+{
+    std::fprintf(stderr, "product: %s, line %d: %s\n", path.c_str(), line, what.c_str());
+}
+
+} // namespace
+
+const Product &Product::instance()
+{
+    static const Product product = [] {
+        Product read;
+        const char *const named = std::getenv("KVQ_PRODUCT");
+        const std::string path = named && *named ? named : defaultFile;
+        if (path != defaultFile || std::ifstream(path).good())
+            read.read(path);
+        return read;
+    }();
+    return product;
+}
+
+Product::Product()
+    : m_missingFeatures(std::begin(featuresOfTwoLines), std::end(featuresOfTwoLines))
+    , m_databaseFeatures{operatorNames}
+{
+}
+
+bool Product::read(const std::string &path)
+{
+    std::ifstream file(path);
+    if (!file) {
+        std::fprintf(stderr, "product: %s: %s\n", path.c_str(), std::strerror(errno));
+        return false;
+    }
+    std::string section;
+    std::string text;
+    for (int number = 1; std::getline(file, text); ++number) {
+        const std::string line = trimmed(text.substr(0, text.find('#')));
+        if (line.empty())
+            continue;
+        if (line.front() == '[') {
+            section = line;
+            continue;
+        }
+        const auto equals = line.find('=');
+        const auto value = equals == std::string::npos ? std::nullopt : parsedFlag(trimmed(line.substr(equals + 1)));
+        if (!value)
+            report(path, number, "expected \"key = yes\" or \"key = no\"");
+        else if (!set(section, trimmed(line.substr(0, equals)), *value))
+            report(path, number, "no such key in " + (section.empty() ? "no section" : section));
+    }
+    return true;
+}
+
+std::optional<bool> Product::flexBit(unsigned short id) const
+{
+    const auto bit = m_flexBits.find(id);
+    return bit == m_flexBits.end() ? std::nullopt : std::optional(bit->second);
+}
+
+/** False when the key cannot stand in that section. */
+bool Product::set(const std::string &section, const std::string &key, bool value)
+{
+    if (section == "[input-methods]") {
+        const QUuid method = QUuid::fromString(QString::fromStdString(key));
+        if (!method.isNull())
+            include(m_inputMethods, method, value);
+        return !method.isNull();
+    }
+    const auto id = parsedId(key);
+    if (!id)
+        return false;
+    if (section == "[features]")
+        include(m_missingFeatures, *id, !value);
+    else if (section == "[flex-bits]")
+        m_flexBits[*id] = value;
+    else if (section == "[feature-database]")
+        include(m_databaseFeatures, *id, value);
+    else
+        return false;
+    return true;
+}
+
+} // namespace Handset

@@ -1,0 +1,46 @@
+// The phone state that all programs of the user share, until the phone restarts.
+#pragma once
+
+#include <array>
+#include <atomic>
+#include <cstdint>
+
+namespace Handset {
+
+/** A call that some program has seen, for counting the time of calls. */
+struct SeenCall {
+    std::atomic<std::int64_t> key;  ///< its start and its id in one; 0 for a free place
+    std::atomic<std::int64_t> from; ///< second from which it counts
+    std::atomic<std::int64_t> to;   ///< second in which it was seen last
+};
+
+/**
+ * What lies in the shared memory. Every value is atomic for itself, and all zero is how a phone starts, so there is
+ * no moment in which another program could see a half of it.
+ */
+struct SharedState {
+    std::atomic<std::uint32_t> layout;
+    std::atomic<std::int32_t> dialHyphenation;
+    std::atomic<std::int32_t> chargeTypePlusOne; ///< 0 while none is known
+    std::atomic<std::int32_t> restrictId;
+    std::atomic<std::int32_t> restrictNextId;
+    std::atomic<std::int32_t> restrictNextCall; ///< goes with the next call that is dialled
+    std::atomic<std::int32_t> phoneLine;
+    std::atomic<std::int32_t> cphsForwarding;
+    std::atomic<std::int32_t> pinStatus;
+    std::atomic<std::int32_t> cardType;
+    std::atomic<std::int32_t> activeAccount;
+    std::int32_t reserved;
+    std::array<SeenCall, 8> seenCalls;
+};
+static_assert(std::atomic<std::int64_t>::is_always_lock_free);
+static_assert(sizeof(SharedState) == 240);
+
+/**
+ * The state of this user: the file `kvq/phone-state` in XDG_RUNTIME_DIR, which only the user may read and which
+ * the system empties at a restart. A file that is not as this program would make it is left alone; this is told
+ * once on standard error, and this process then keeps a state of its own.
+ */
+SharedState &sharedState();
+
+} // namespace Handset
