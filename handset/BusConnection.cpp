@@ -31,8 +31,7 @@ int BusConnection::open(std::chrono::milliseconds deadline)
     const auto end = steady_clock::now() + deadline;
     close();
     sd_bus *connection = nullptr;
-    const int opened =
-        m_bus == Bus::System ? sd_bus_open_system(&connection) : sd_bus_open_user(&connection);
+    const int opened = m_bus == Bus::System ? sd_bus_open_system(&connection) : sd_bus_open_user(&connection);
     m_connection.reset(connection);
     int result = opened;
     // A call would shake hands by itself, but wait for a bus that does not answer as long as it takes.

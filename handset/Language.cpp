@@ -15,11 +15,10 @@ struct Language {
 
 /** The first entry that the locale begins with counts, so a territory stands before its language. */
 constexpr std::array<Language, 32> languages = {{
-    {"en", 0},     {"de", 1},     {"fr", 2},  {"es", 3},  {"it", 4},  {"pt", 5},  {"nl", 6},  {"da", 7},
-    {"sv", 8},     {"nb", 9},     {"nn", 9},  {"no", 9},  {"fi", 10}, {"pl", 11}, {"cs", 12}, {"sk", 13},
-    {"hu", 14},    {"ro", 15},    {"el", 16}, {"tr", 17}, {"ru", 18}, {"uk", 19}, {"zh_TW", 22},
-    {"zh_HK", 22}, {"zh_MO", 22}, {"zh", 20}, {"ko", 21}, {"ja", 23}, {"th", 24}, {"vi", 25}, {"ar", 26},
-    {"he", 27},
+    {"en", 0},     {"de", 1},  {"fr", 2},  {"es", 3},  {"it", 4},  {"pt", 5},  {"nl", 6},     {"da", 7},
+    {"sv", 8},     {"nb", 9},  {"nn", 9},  {"no", 9},  {"fi", 10}, {"pl", 11}, {"cs", 12},    {"sk", 13},
+    {"hu", 14},    {"ro", 15}, {"el", 16}, {"tr", 17}, {"ru", 18}, {"uk", 19}, {"zh_TW", 22}, {"zh_HK", 22},
+    {"zh_MO", 22}, {"zh", 20}, {"ko", 21}, {"ja", 23}, {"th", 24}, {"vi", 25}, {"ar", 26},    {"he", 27},
 }};
 
 } // namespace

@@ -97,7 +97,8 @@ bool Product::read(const std::string &path)
             continue;
         }
         const auto equals = line.find('=');
-        const auto value = equals == std::string::npos ? std::nullopt : parsedFlag(trimmed(line.substr(equals + 1)));
+        const auto value =
+            equals == std::string::npos ? std::nullopt : parsedFlag(trimmed(line.substr(equals + 1)));
         if (!value)
             report(path, number, "expected \"key = yes\" or \"key = no\"");
         else if (!set(section, trimmed(line.substr(0, equals)), *value))

@@ -14,7 +14,7 @@ namespace Ofono {
 struct Call {
     unsigned char id = 0;
     _TAPI_CALL_STATE_E state = TAPI_CALL_STATE_IDLE;
-    bool waits = false;    ///< came in beside another call
+    bool waits = false;     ///< came in beside another call
     bool isRinging = false; ///< came in and is not answered yet
     bool joined = false;
     std::string object; ///< such as "/voicecall01"

@@ -55,7 +55,7 @@ constexpr std::array<NamedResult, 24> results = {{
     {SD_BUS_ERROR_DISCONNECTED, TAPI_RESULT_LINK_LOST},
     {SD_BUS_ERROR_NO_SERVER, TAPI_RESULT_LINK_LOST},
     {SD_BUS_ERROR_TIMEOUT, TAPI_RESULT_TIMED_OUT},
-    {SD_BUS_ERROR_TIMED_OUT, TAPI_RESULT_TIMED_OUT},
+    {"org.freedesktop.DBus.Error.TimedOut", TAPI_RESULT_TIMED_OUT},
     {"System.Error.ETIMEDOUT", TAPI_RESULT_TIMED_OUT},
     {SD_BUS_ERROR_LIMITS_EXCEEDED, TAPI_RESULT_BUSY},
     {SD_BUS_ERROR_INVALID_ARGS, TAPI_RESULT_INVALID_PARAM},
@@ -251,11 +251,8 @@ int Daemon::linkDescriptor()
 {
     // While another thread waits for an answer the link is in use, so it is there.
     const std::unique_lock lock(m_mutex, std::try_to_lock);
-    if (lock && m_state == Link::Open && !m_bus.isAlive()) {
-        m_bus.tidy(); // what has come in is no sign of death
-        if (!m_bus.isAlive())
-            lose();
-    }
+    if (lock && m_state == Link::Open && !m_bus.isAlive())
+        lose();
     return m_linkDescriptor;
 }
 

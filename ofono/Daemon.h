@@ -118,14 +118,13 @@ private:
         _TAPI_RESULT_E result = TAPI_RESULT_SUCC;
         bool inProgress = false;
         bool nothingThere = false; ///< no such object, interface or method
-        Message answer;
+        Message answer = {};
     };
 
     Daemon();
     ~Daemon();
 
     _TAPI_RESULT_E connect();
-    _TAPI_RESULT_E reconnect();
     void lose();
     void park() const noexcept;
     void leaveToParent() noexcept;

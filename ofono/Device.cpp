@@ -44,8 +44,7 @@ _TAPI_RESULT_E readIdentity(const char *name, Byte (&field)[Size])
 _TAPI_RESULT_E TAPI_TTY_GetTtyMode(unsigned char *mode)
 {
     Properties telephone;
-    const _TAPI_RESULT_E result =
-        Daemon::instance().properties(textTelephony, Deadline::Network, telephone);
+    const _TAPI_RESULT_E result = Daemon::instance().properties(textTelephony, Deadline::Network, telephone);
     if (result != TAPI_RESULT_SUCC)
         return result;
     const auto enabled = telephone.flag("Enabled");

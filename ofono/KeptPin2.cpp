@@ -22,8 +22,7 @@ std::size_t pageSize()
 /** Null when the system does not give all that is asked of it. */
 char *lockedPage()
 {
-    void *const page =
-        mmap(nullptr, pageSize(), PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    void *const page = mmap(nullptr, pageSize(), PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     if (page == MAP_FAILED)
         return nullptr;
     if (mlock(page, pageSize()) == 0 && madvise(page, pageSize(), MADV_DONTDUMP) == 0

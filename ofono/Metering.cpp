@@ -175,8 +175,7 @@ _TAPI_RESULT_E TAPI_CS_SetCallMeterMax(TAPI_METER_TEXT_A maximum)
 _TAPI_RESULT_E TAPI_CS_ResetCallMeter()
 {
     return withKeptPin2([](const char *pin2) {
-        return Daemon::instance().request(
-            {callMeter, "Reset", {Value(pin2)}, Deadline::Network, {}, true});
+        return Daemon::instance().request({callMeter, "Reset", {Value(pin2)}, Deadline::Network, {}, true});
     });
 }
 

@@ -45,8 +45,7 @@ bool isNetworkId(std::string_view id)
 _TAPI_RESULT_E readOperators(std::vector<Operator> &operators)
 {
     Answer answer;
-    const _TAPI_RESULT_E result =
-        Daemon::instance().request({networkRegistration, "GetOperators"}, answer);
+    const _TAPI_RESULT_E result = Daemon::instance().request({networkRegistration, "GetOperators"}, answer);
     if (result != TAPI_RESULT_SUCC)
         return result;
     answer.objects([&](std::string_view, const Properties &properties) {
@@ -165,8 +164,8 @@ _TAPI_RESULT_E TAPI_NETWORK_SetSearchMode(_TAPI_NETWORK_SEARCH_MODE_E mode)
 
 _TAPI_RESULT_E TAPI_NETWORK_GetSearchFrequency(_TAPI_NETWORK_SEARCH_SPEED_E *speed)
 {
-    *speed = static_cast<_TAPI_NETWORK_SEARCH_SPEED_E>(
-        PhoneSettings::read(speedKey, TAPI_NETWORK_SEARCH_MEDIUM));
+    *speed =
+        static_cast<_TAPI_NETWORK_SEARCH_SPEED_E>(PhoneSettings::read(speedKey, TAPI_NETWORK_SEARCH_MEDIUM));
     return TAPI_RESULT_SUCC;
 }
 
@@ -309,8 +308,7 @@ _TAPI_RESULT_E TAPI_NETWORK_GetOperatorNameList(_TAPI_PLMN_INFO_STRUCT_S *names,
     if (result != TAPI_RESULT_SUCC)
         return result;
     for (_TAPI_PLMN_INFO_STRUCT_S *entry = names; entry != names + count; ++entry) {
-        const Operator *const known =
-            find(operators, networkIdOf(entry->networkId, sizeof entry->networkId));
+        const Operator *const known = find(operators, networkIdOf(entry->networkId, sizeof entry->networkId));
         fillUnits(entry->name, TAPI_NETWORK_NAME_UNITS, known ? known->name : std::string());
     }
     return TAPI_RESULT_SUCC;

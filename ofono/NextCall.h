@@ -21,12 +21,12 @@ public:
     NextCall(const NextCall &) = delete;
     NextCall &operator=(const NextCall &) = delete;
 
-    /** A value of _TAPI_CALL_RESTRICT_ID_E. */
-    int take()
+    _TAPI_CALL_RESTRICT_ID_E take()
     {
         m_taken = Handset::sharedState().restrictNextCall.exchange(0);
-        const bool known = m_taken == TAPI_CALL_RESTRICT_ID_INVOKE || m_taken == TAPI_CALL_RESTRICT_ID_SUPPRESS;
-        return known ? m_taken : TAPI_CALL_RESTRICT_ID_NETWORK;
+        const auto choice = static_cast<_TAPI_CALL_RESTRICT_ID_E>(m_taken);
+        const bool known = choice == TAPI_CALL_RESTRICT_ID_INVOKE || choice == TAPI_CALL_RESTRICT_ID_SUPPRESS;
+        return known ? choice : TAPI_CALL_RESTRICT_ID_NETWORK;
     }
 
     void use()

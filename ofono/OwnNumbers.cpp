@@ -125,7 +125,8 @@ _TAPI_RESULT_E TAPI_OWNNUMBER_SaveEntry(short index, TAPI_PHONE_NUMBER_A number,
     numbers.resize(std::max(numbers.size(), record));
     numbers[record - 1] = bare;
     const _TAPI_RESULT_E written = numbers == own.numbers ? TAPI_RESULT_SUCC : write(numbers);
-    return written == TAPI_RESULT_SUCC ? PhoneSettings::writeText(nameKey(own, record), nameOf(name)) : written;
+    return written == TAPI_RESULT_SUCC ? PhoneSettings::writeText(nameKey(own, record), nameOf(name))
+                                       : written;
 }
 
 _TAPI_RESULT_E TAPI_OWNNUMBER_DeleteEntry(short index)

@@ -61,7 +61,10 @@ _TAPI_RESULT_E readByte(const char *key, unsigned char *value)
 std::u16string readText(const std::string &key)
 {
     const std::scoped_lock lock(store().mutex);
-    return store().settings.readText(nameOf(QString::fromStdString(key))).value_or(QString()).toStdU16String();
+    return store()
+        .settings.readText(nameOf(QString::fromStdString(key)))
+        .value_or(QString())
+        .toStdU16String();
 }
 
 _TAPI_RESULT_E writeText(const std::string &key, const std::u16string &value)

@@ -25,8 +25,7 @@ constexpr std::array<const char *, 3> callerIdChoices = {"default", "enabled", "
 
 _TAPI_RESULT_E manageCalls(const char *method, std::vector<Argument> arguments = {})
 {
-    return Daemon::instance().request(
-        {voiceCallManager, method, std::move(arguments), Deadline::Network});
+    return Daemon::instance().request({voiceCallManager, method, std::move(arguments), Deadline::Network});
 }
 
 _TAPI_RESULT_E actOn(const Call &call, const char *method, std::vector<Argument> arguments = {})
@@ -117,7 +116,7 @@ bool isDialString(std::string_view text)
         && text.find_first_not_of("0123456789*#") == std::string_view::npos;
 }
 
-_TAPI_RESULT_E dial(const unsigned char *dialString, int callerId, unsigned char *callId)
+_TAPI_RESULT_E dial(const unsigned char *dialString, _TAPI_CALL_RESTRICT_ID_E callerId, unsigned char *callId)
 {
     const std::string number = withoutPunctuation(textOf(dialString, 2 * longestNumber));
     if (!isDialString(number))
@@ -126,7 +125,7 @@ _TAPI_RESULT_E dial(const unsigned char *dialString, int callerId, unsigned char
     if (callerId == TAPI_CALL_RESTRICT_ID_NETWORK)
         callerId = choice.take();
     Answer answer;
-    const char *const hide = callerIdChoices[static_cast<std::size_t>(callerId)];
+    const char *const hide = callerIdChoices[callerId];
     const _TAPI_RESULT_E result = Daemon::instance().request(
         {voiceCallManager, "Dial", {Value(number.c_str()), Value(hide)}, Deadline::Network}, answer);
     if (result != TAPI_RESULT_SUCC)
@@ -178,7 +177,7 @@ _TAPI_RESULT_E TAPI_VOICE_MakeCall(signed char option, unsigned char *dialString
 {
     if (option < 0 || option >= static_cast<int>(callerIdChoices.size()))
         return TAPI_RESULT_INVALID_PARAM;
-    return dial(dialString, option, callId);
+    return dial(dialString, static_cast<_TAPI_CALL_RESTRICT_ID_E>(option), callId);
 }
 
 /** Emergency numbers are known to the daemon. How long to try again is for the phone's dialler. */
@@ -238,9 +237,10 @@ _TAPI_RESULT_E TAPI_VOICE_RetrieveCall(unsigned char callId)
 
 _TAPI_RESULT_E TAPI_VOICE_SwitchCall(unsigned char firstCallId, unsigned char secondCallId)
 {
-    return withCalls(firstCallId, secondCallId, [](const Calls &calls, const Call &first, const Call &second) {
-        return oneActiveOneHeld(first, second) ? swap(calls, first, second.state) : TAPI_RESULT_FAIL;
-    });
+    return withCalls(
+        firstCallId, secondCallId, [](const Calls &calls, const Call &first, const Call &second) {
+            return oneActiveOneHeld(first, second) ? swap(calls, first, second.state) : TAPI_RESULT_FAIL;
+        });
 }
 
 _TAPI_RESULT_E TAPI_VOICE_CancelCall(unsigned char callId)
@@ -253,14 +253,15 @@ _TAPI_RESULT_E TAPI_VOICE_CancelCall(unsigned char callId)
 /** Connects the two parties with each other and leaves. */
 _TAPI_RESULT_E TAPI_VOICE_LinkCall(unsigned char firstCallId, unsigned char secondCallId)
 {
-    return withCalls(firstCallId, secondCallId, [](const Calls &calls, const Call &first, const Call &second) {
-        const bool dialledOneHeld = (first.state == TAPI_CALL_STATE_DIALLING
-                                     && second.state == TAPI_CALL_STATE_HELD)
-            || (first.state == TAPI_CALL_STATE_HELD && second.state == TAPI_CALL_STATE_DIALLING);
-        if (calls.all().size() != 2 || !(dialledOneHeld || oneActiveOneHeld(first, second)))
-            return TAPI_RESULT_FAIL;
-        return manageCalls("Transfer");
-    });
+    return withCalls(
+        firstCallId, secondCallId, [](const Calls &calls, const Call &first, const Call &second) {
+            const bool dialledOneHeld =
+                (first.state == TAPI_CALL_STATE_DIALLING && second.state == TAPI_CALL_STATE_HELD)
+                || (first.state == TAPI_CALL_STATE_HELD && second.state == TAPI_CALL_STATE_DIALLING);
+            if (calls.all().size() != 2 || !(dialledOneHeld || oneActiveOneHeld(first, second)))
+                return TAPI_RESULT_FAIL;
+            return manageCalls("Transfer");
+        });
 }
 
 /** A call that rings can be sent on. The daemon has no request that would send on one that is answered. */
