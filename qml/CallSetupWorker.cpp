@@ -1,0 +1,226 @@
+// The engine's thread, its queue, and how both end.
+#include "CallSetupWorker.h"
+
+#include "PHONE_ENG_WrapTapi.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QMutex>
+#include <QThread>
+
+#include <atomic>
+#include <cstdio>
+#include <cstdlib>
+
+#include <unistd.h>
+
+namespace Kvq {
+
+namespace {
+
+constexpr std::chrono::seconds reconnectPause{5};
+
+QMutex startMutex;
+
+/** Whoever was given up must not touch what the process takes down meanwhile. */
+[[noreturn]] void sleepForEver()
+{
+    for (;;)
+        pause();
+}
+
+/**
+ * Ends the process before the destructors of static objects run, with the status that it was to have. Registered
+ * late, so it runs before them.
+ */
+void leaveAtOnce(int status, void *)
+{
+    std::fflush(nullptr);
+    _exit(status);
+}
+
+} // namespace
+
+/** The thread. The queue is its event queue, which also delivers what the engine posts to itself. */
+class CallSetupWorker::Thread final : public QThread {
+public:
+    explicit Thread(CallSetupWorker &worker)
+        : m_worker(worker)
+        , m_desk(std::make_unique<QObject>())
+    {
+        setObjectName(QStringLiteral("kvq-call-setup"));
+        m_desk->moveToThread(this);
+        start();
+    }
+
+    void enqueue(Task task)
+    {
+        ++m_inFlight;
+        QMetaObject::invokeMethod(
+            m_desk.get(), [this, task = std::move(task)]() mutable { serve(std::move(task)); },
+            Qt::QueuedConnection);
+    }
+
+    int inFlight() const { return m_inFlight; }
+
+    void noteLinkLost() { m_connected = false; }
+    void connectSoon() { m_connectNow = true; }
+
+    /** Ends once everything in the queue is done. */
+    bool finish(std::chrono::milliseconds timeout)
+    {
+        QMetaObject::invokeMethod(
+            m_desk.get(),
+            [this] {
+                PHONE_ENG_Setup::destruction();
+                PHONE_ENG_NtInterface::destroy();
+                quit();
+            },
+            Qt::QueuedConnection);
+        if (wait(QDeadlineTimer(timeout)))
+            return true;
+        m_givenUp = true;
+        return false;
+    }
+
+private:
+    void serve(Task task)
+    {
+        Engine engine = {*PHONE_ENG_Setup::instance(), *PHONE_ENG_NtInterface::instance()};
+        if (!m_listening)
+            listen(engine);
+        connectTelephony();
+        task(engine);
+        task = nullptr; // what it holds goes here, not on another thread
+        if (m_givenUp)
+            sleepForEver();
+        --m_inFlight;
+        QMetaObject::invokeMethod(&m_worker, &CallSetupWorker::requestsInFlightChanged, Qt::QueuedConnection);
+    }
+
+    void listen(const Engine &engine)
+    {
+        m_listening = true;
+        connect(&engine.setup, &PHONE_ENG_Setup::flashFull, &m_worker, &CallSetupWorker::flashFull);
+        connect(&engine.setup, &PHONE_ENG_Setup::sigSetupOpertionNotAllowed, &m_worker,
+                &CallSetupWorker::operationNotAllowed);
+        connect(&engine.network, &PHONE_ENG_NtInterface::preferredChanged, &m_worker,
+                &CallSetupWorker::preferredNetworksChanged);
+    }
+
+    void connectTelephony()
+    {
+        const bool askedTo = m_connectNow.exchange(false);
+        if (m_connected || (!askedTo && m_lastAttempt.isValid() && !m_lastAttempt.hasExpired(pauseInMs)))
+            return;
+        const _TAPI_RESULT_E result = PHONE_ENG_TAPI_initiation();
+        if (m_givenUp)
+            sleepForEver();
+        m_connected = result == TAPI_RESULT_SUCC;
+        m_lastAttempt.start();
+        QMetaObject::invokeMethod(
+            &m_worker, [this, result] { m_worker.setConnection(result); }, Qt::QueuedConnection);
+    }
+
+    static constexpr qint64 pauseInMs = std::chrono::milliseconds(reconnectPause).count();
+
+    CallSetupWorker &m_worker;
+    std::unique_ptr<QObject> m_desk; ///< lives on the thread; requests are laid on it
+    std::atomic<int> m_inFlight = 0;
+    std::atomic<bool> m_givenUp = false;
+    std::atomic<bool> m_connected = false;
+    std::atomic<bool> m_connectNow = false;
+    bool m_listening = false;
+    QElapsedTimer m_lastAttempt;
+};
+
+CallSetupWorker::CallSetupWorker() = default;
+CallSetupWorker::~CallSetupWorker() = default;
+
+CallSetupWorker &CallSetupWorker::instance()
+{
+    // Never deleted: an item that outlives the application object may still ask.
+    static CallSetupWorker *const worker = [] {
+        auto *const made = new CallSetupWorker;
+        if (QCoreApplication::instance())
+            made->moveToThread(QCoreApplication::instance()->thread());
+        return made;
+    }();
+    return *worker;
+}
+
+void CallSetupWorker::enqueue(Task task)
+{
+    {
+        const QMutexLocker locker(&startMutex);
+        if (!QCoreApplication::instance())
+            return; // the promise in the task goes, which cancels its future
+        if (!m_thread) {
+            m_thread = new Thread(*this);
+            qAddPostRoutine([] { instance().stop(); });
+        }
+        m_thread->enqueue(std::move(task));
+    }
+    QMetaObject::invokeMethod(this, &CallSetupWorker::requestsInFlightChanged, Qt::AutoConnection);
+}
+
+int CallSetupWorker::requestsInFlight() const
+{
+    const QMutexLocker locker(&startMutex);
+    return m_thread ? m_thread->inFlight() : 0;
+}
+
+void CallSetupWorker::connectTelephony()
+{
+    {
+        const QMutexLocker locker(&startMutex);
+        if (m_thread)
+            m_thread->connectSoon();
+    }
+    enqueue([](Engine &) {}); // every request opens the session first
+}
+
+void CallSetupWorker::noteLinkLost()
+{
+    {
+        const QMutexLocker locker(&startMutex);
+        if (m_thread)
+            m_thread->noteLinkLost();
+    }
+    setConnection(TAPI_RESULT_LINK_LOST);
+}
+
+void CallSetupWorker::setConnection(_TAPI_RESULT_E result)
+{
+    m_connected = result == TAPI_RESULT_SUCC;
+    m_connectionResult = result;
+    Q_EMIT connectionChanged();
+}
+
+void CallSetupWorker::setQuitTimeout(std::chrono::milliseconds timeout)
+{
+    if (m_quitTimeout == timeout)
+        return;
+    m_quitTimeout = timeout;
+    Q_EMIT quitTimeoutChanged();
+}
+
+bool CallSetupWorker::stop()
+{
+    Thread *thread = nullptr;
+    {
+        const QMutexLocker locker(&startMutex);
+        thread = std::exchange(m_thread, nullptr);
+    }
+    if (!thread)
+        return true;
+    if (thread->finish(m_quitTimeout)) {
+        delete thread;
+        return true;
+    }
+    // The thread sits in the platform and keeps what it uses, this object included.
+    on_exit(leaveAtOnce, nullptr);
+    return false;
+}
+
+} // namespace Kvq

@@ -1,0 +1,293 @@
+// How calls are watched and requested.
+#include "Calls.h"
+
+namespace Kvq {
+
+namespace {
+
+constexpr int shortestInterval = 50;
+
+bool isIn(const Call &call, Calls::CallState state)
+{
+    return call.state == state;
+}
+
+constexpr std::array<Role<Call>, 10> roles = {{
+    {"callId", [](const Call &call) { return QVariant(call.callId); }},
+    {"number", [](const Call &call) { return QVariant(call.number); }},
+    {"callState", [](const Call &call) { return QVariant(call.state); }},
+    {"incoming", [](const Call &call) { return QVariant(call.incoming); }},
+    {"joined", [](const Call &call) { return QVariant(call.joined); }},
+    {"canAnswer", [](const Call &call) { return QVariant(isIn(call, Calls::Ringing) && call.incoming); }},
+    {"canHold", [](const Call &call) { return QVariant(isIn(call, Calls::Active)); }},
+    {"canRetrieve", [](const Call &call) { return QVariant(isIn(call, Calls::Held)); }},
+    {"canSplit", [](const Call &call) { return QVariant(call.joined); }},
+    {"canTransfer",
+     [](const Call &call) { return QVariant(isIn(call, Calls::Active) || isIn(call, Calls::Held)); }},
+}};
+
+Answer readCalls(Engine &)
+{
+    _TAPI_CALL_SESSION_TABLE_S table = {};
+    const _TAPI_RESULT_E result = PHONE_ENG_TAPI_CALL_GetCallStatus(&table);
+    if (result != TAPI_RESULT_SUCC)
+        return Operations::answerOf(result);
+    QList<Call> calls;
+    const unsigned int count = std::min(table.count, TAPI_CALL_MAX_SESSIONS);
+    for (unsigned int entry = 0; entry < count; ++entry) {
+        const _TAPI_CALL_SESSION_S &session = table.sessions[entry];
+        const std::size_t length = strnlen(session.number, sizeof session.number);
+        calls.append({session.callId, QString::fromLatin1(session.number, static_cast<qsizetype>(length)),
+                      static_cast<int>(session.state), session.incoming != 0, session.joined != 0});
+    }
+    return {TAPI_RESULT_SUCC, QVariant::fromValue(calls)};
+}
+
+/** An id that no call can have becomes 0, which the engine refuses. */
+unsigned char callIdOf(int callId)
+{
+    return callId > 0 && callId < 255 ? static_cast<unsigned char>(callId) : 0;
+}
+
+unsigned char *dialString(QByteArray &number)
+{
+    return reinterpret_cast<unsigned char *>(number.data());
+}
+
+/** A request with one call id and nothing else. */
+template <typename Operation>
+Job onCall(int callId, Operation operation)
+{
+    return
+        [id = callIdOf(callId), operation](Engine &) mutable { return Operations::answerOf(operation(id)); };
+}
+
+} // namespace
+
+Calls::Calls(QObject *parent)
+    : ListSubject(parent)
+    , m_calls(addRows<Call>(roles))
+    , m_muted(m_activity->custom<BoolSetting>(nullptr, [](Engine &, const QVariant &mute) {
+        return Operations::answerOf(PHONE_ENG_TAPI_CALL_VOICECALL_MuteReq(mute.toBool() ? 1 : 0));
+    }))
+{
+    m_activity->setReader(readCalls, [this](const QVariant &calls) { take(calls.value<QList<Call>>()); });
+    m_timer.setSingleShot(true);
+    connect(&m_timer, &QTimer::timeout, m_activity, &Activity::read);
+    connect(m_activity, &Activity::readingEnded, this, &Calls::lookAgain);
+}
+
+void Calls::setWatching(bool watching)
+{
+    if (m_watching == watching)
+        return;
+    m_watching = watching;
+    if (!watching)
+        m_timer.stop();
+    else if (m_isComplete)
+        m_activity->read();
+    Q_EMIT watchingChanged();
+}
+
+void Calls::setInterval(int milliseconds)
+{
+    if (m_interval == milliseconds)
+        return;
+    m_interval = std::max(shortestInterval, milliseconds);
+    lookAgain();
+    Q_EMIT intervalChanged();
+}
+
+void Calls::setIdleInterval(int milliseconds)
+{
+    if (m_idleInterval == milliseconds)
+        return;
+    m_idleInterval = std::max(shortestInterval, milliseconds);
+    lookAgain();
+    Q_EMIT idleIntervalChanged();
+}
+
+void Calls::componentComplete()
+{
+    m_isComplete = true;
+    if (m_watching || autoRefresh())
+        m_activity->read();
+}
+
+int Calls::firstIn(CallState state) const
+{
+    for (const Call &call : m_calls->list()) {
+        if (call.state == state)
+            return call.callId;
+    }
+    return 0;
+}
+
+int Calls::stateOf(int callId) const
+{
+    for (const Call &call : m_calls->list()) {
+        if (call.callId == callId)
+            return call.state;
+    }
+    return Idle;
+}
+
+void Calls::take(const QList<Call> &calls)
+{
+    const QList<Call> before = m_calls->list();
+    const auto has = [](const QList<Call> &list, int callId) {
+        return std::any_of(list.cbegin(), list.cend(),
+                           [callId](const Call &call) { return call.callId == callId; });
+    };
+    m_calls->setConfirmed(calls);
+    if (before != calls)
+        Q_EMIT possibilitiesChanged();
+    for (const Call &call : before) {
+        if (!has(calls, call.callId))
+            Q_EMIT callRemoved(call.callId);
+    }
+    for (const Call &call : calls) {
+        if (!has(before, call.callId))
+            Q_EMIT callAdded(call.callId, call.number, call.incoming);
+    }
+}
+
+void Calls::lookAgain()
+{
+    if (m_watching && m_isComplete && !m_activity->isReading())
+        m_timer.start(count() > 0 ? m_interval : m_idleInterval);
+}
+
+Request *Calls::callRequest(Job job)
+{
+    Request *const request = m_activity->request(std::move(job));
+    connect(request, &Request::answered, m_activity, &Activity::read);
+    return request;
+}
+
+Request *Calls::dial(const QString &number)
+{
+    return callRequest([number = number.toLatin1()](Engine &) mutable {
+        unsigned char callId = 0;
+        const _TAPI_RESULT_E result = PHONE_ENG_TAPI_CALL_VOICECALL_MakeReq(0, dialString(number), &callId);
+        return number.isEmpty() ? Operations::answerOf(TAPI_RESULT_CALL_NO_NUMBER)
+                                : Operations::answerOf(result, callId);
+    });
+}
+
+Request *Calls::answer(int callId, AnswerType type)
+{
+    return callRequest(onCall(callId, [type](unsigned char id) {
+        return PHONE_ENG_TAPI_CALL_VOICECALL_AnswerReq(id, static_cast<_TAPI_VOICE_ANSWER_CALL_TYPE_E>(type));
+    }));
+}
+
+Request *Calls::reject(int callId, RejectType type)
+{
+    return callRequest(onCall(callId, [type](unsigned char id) {
+        return PHONE_ENG_TAPI_CALL_VOICECALL_RejectReq(id, static_cast<_TAPI_VOICE_REJECT_CALL_TYPE_E>(type));
+    }));
+}
+
+Request *Calls::hangUp(int callId)
+{
+    switch (stateOf(callId)) {
+    case Dialling:
+        return callRequest(onCall(callId, PHONE_ENG_TAPI_CALL_VOICECALL_CancelReq));
+    case Ringing:
+        return reject(callId);
+    default:
+        return release(callId);
+    }
+}
+
+Request *Calls::release(int callId, ReleaseScope scope)
+{
+    return callRequest(onCall(callId, [scope](unsigned char id) {
+        return PHONE_ENG_TAPI_CALL_VOICECALL_ReleaseReq(id, static_cast<_TAPI_VOICE_DROP_CALL_TYPE_E>(scope));
+    }));
+}
+
+Request *Calls::hold(int callId)
+{
+    return callRequest(
+        onCall(callId, [](unsigned char id) { return PHONE_ENG_TAPI_CALL_VOICECALL_HoldReq(id, 1); }));
+}
+
+Request *Calls::retrieve(int callId)
+{
+    return callRequest(
+        onCall(callId, [](unsigned char id) { return PHONE_ENG_TAPI_CALL_VOICECALL_HoldReq(id, 0); }));
+}
+
+Request *Calls::split(int callId)
+{
+    return callRequest(onCall(callId, POHONE_ENG_TAPI_CALL_VOICECALL_UnconferenceReq));
+}
+
+Request *Calls::swap(int first, int second)
+{
+    return callRequest(onCall(first, [second = callIdOf(second)](unsigned char id) {
+        return PHONE_ENG_TAPI_CALL_VOICECALL_SwitchReq(id, second);
+    }));
+}
+
+Request *Calls::join(int first, int second)
+{
+    return callRequest(onCall(first, [second = callIdOf(second)](unsigned char id) {
+        return PHONE_ENG_TAPI_CALL_VOICECALL_ConferenceReq(id, second);
+    }));
+}
+
+Request *Calls::connectCalls(int first, int second)
+{
+    return callRequest(onCall(first, [second = callIdOf(second)](unsigned char id) {
+        return PHONE_ENG_TAPI_CALL_VOICECALL_LinkReq(id, second);
+    }));
+}
+
+Request *Calls::transfer(int callId, const QString &number)
+{
+    return callRequest(onCall(callId, [number = number.toLatin1()](unsigned char id) mutable {
+        return PHONE_ENG_TAPI_CALL_VOICECALL_TransferReq(id, dialString(number));
+    }));
+}
+
+Request *Calls::sendTones(int callId, const QString &digits)
+{
+    return m_activity->request(onCall(callId, [digits = digits.toLatin1()](unsigned char id) mutable {
+        return PHONE_ENG_TAPI_CALL_VOICECALL_DtmfStringReq(id, dialString(digits));
+    }));
+}
+
+Request *Calls::pressKey(const QString &key)
+{
+    return tone(key, TAPI_VOICE_DTMF_KEY_PRESSED);
+}
+
+Request *Calls::releaseKey(const QString &key)
+{
+    return tone(key, TAPI_VOICE_DTMF_KEY_RELEASED);
+}
+
+Request *Calls::tone(const QString &key, _TAPI_VOICE_DTMF_KEY_STATUS_E status)
+{
+    return m_activity->request([key = key.toLatin1(), status](Engine &) {
+        return Operations::answerOf(key.size() == 1 ? PHONE_ENG_TAPI_CALL_VOICECALL_DtmfReq(key.at(0), status)
+                                                    : TAPI_RESULT_INVALID_PARAM);
+    });
+}
+
+Request *Calls::muteBeep()
+{
+    return m_activity->request(
+        [](Engine &) { return Operations::answerOf(PHONE_ENG_TAPI_CALL_VOICECALL_Mute_Beep()); });
+}
+
+Request *Calls::setSpeakerVolume(int volume)
+{
+    return m_activity->request(
+        [volume](Engine &) { return Operations::answerOf(PHONE_ENG_TAPI_set_speaker_volume(volume)); });
+}
+
+} // namespace Kvq

@@ -1,0 +1,133 @@
+// The call table and what can be done to calls.
+#pragma once
+
+#include "Subject.h"
+
+#include "PHONE_ENG_WrapTapi.h"
+
+#include <QTimer>
+
+namespace Kvq {
+
+struct Call {
+    int callId = 0;
+    QString number;
+    int state = 0;
+    bool incoming = false;
+    bool joined = false;
+
+    int key() const { return callId; }
+    bool operator==(const Call &) const = default;
+};
+
+/**
+ * The model of the call table. The platform does not tell when it changes, so it is read: often while there are
+ * calls, seldom while there are none, and after each request. The next reading is asked for when the last one
+ * is there, so readings do not pile up behind a slow request.
+ */
+class Calls : public Kvq::ListSubject {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(bool watching READ isWatching WRITE setWatching NOTIFY watchingChanged)
+    Q_PROPERTY(int interval READ interval WRITE setInterval NOTIFY intervalChanged)
+    Q_PROPERTY(int idleInterval READ idleInterval WRITE setIdleInterval NOTIFY idleIntervalChanged)
+    Q_PROPERTY(bool canSwap READ canSwap NOTIFY possibilitiesChanged)
+    Q_PROPERTY(bool canJoin READ canJoin NOTIFY possibilitiesChanged)
+    Q_PROPERTY(Kvq::BoolSetting *muted MEMBER m_muted CONSTANT)
+
+public:
+    enum CallState {
+        Idle = TAPI_CALL_STATE_IDLE,
+        Dialling = TAPI_CALL_STATE_DIALLING,
+        Ringing = TAPI_CALL_STATE_RINGING,
+        Active = TAPI_CALL_STATE_ACTIVE,
+        Held = TAPI_CALL_STATE_HELD,
+    };
+    Q_ENUM(CallState)
+
+    enum AnswerType {
+        HoldActive = TAPI_VOICE_ANSWER_HOLD_ACTIVE,
+        ReleaseActive = TAPI_VOICE_ANSWER_RELEASE_ACTIVE,
+    };
+    Q_ENUM(AnswerType)
+
+    enum RejectType {
+        Decline = TAPI_VOICE_REJECT_DECLINE,
+        UserBusy = TAPI_VOICE_REJECT_BUSY,
+    };
+    Q_ENUM(RejectType)
+
+    enum ReleaseScope {
+        OneCall = TAPI_VOICE_DROP_ONE,
+        AllCalls = TAPI_VOICE_DROP_ALL,
+        AllActive = TAPI_VOICE_DROP_ALL_ACTIVE,
+        AllHeld = TAPI_VOICE_DROP_ALL_HELD,
+    };
+    Q_ENUM(ReleaseScope)
+
+    explicit Calls(QObject *parent = nullptr);
+
+    bool isWatching() const { return m_watching; }
+    void setWatching(bool watching);
+    int interval() const { return m_interval; }
+    void setInterval(int milliseconds);
+    int idleInterval() const { return m_idleInterval; }
+    void setIdleInterval(int milliseconds);
+    /** There are an active and a held call. */
+    bool canSwap() const { return firstIn(Active) != 0 && firstIn(Held) != 0; }
+    bool canJoin() const { return canSwap(); }
+
+    Q_INVOKABLE Kvq::Request *dial(const QString &number);
+    Q_INVOKABLE Kvq::Request *answer(int callId, Kvq::Calls::AnswerType type = HoldActive);
+    Q_INVOKABLE Kvq::Request *reject(int callId, Kvq::Calls::RejectType type = Decline);
+    Q_INVOKABLE Kvq::Request *hangUp(int callId);
+    Q_INVOKABLE Kvq::Request *release(int callId, Kvq::Calls::ReleaseScope scope = OneCall);
+    Q_INVOKABLE Kvq::Request *hold(int callId);
+    Q_INVOKABLE Kvq::Request *retrieve(int callId);
+    Q_INVOKABLE Kvq::Request *split(int callId);
+    Q_INVOKABLE Kvq::Request *swap(int first, int second);
+    Q_INVOKABLE Kvq::Request *join(int first, int second);
+    /** The active and the held call. */
+    Q_INVOKABLE Kvq::Request *swap() { return swap(firstIn(Active), firstIn(Held)); }
+    Q_INVOKABLE Kvq::Request *join() { return join(firstIn(Active), firstIn(Held)); }
+    /** Connects two calls with each other and leaves them. */
+    Q_INVOKABLE Kvq::Request *connectCalls(int first, int second);
+    Q_INVOKABLE Kvq::Request *transfer(int callId, const QString &number);
+    Q_INVOKABLE Kvq::Request *sendTones(int callId, const QString &digits);
+    Q_INVOKABLE Kvq::Request *pressKey(const QString &key);
+    Q_INVOKABLE Kvq::Request *releaseKey(const QString &key);
+    Q_INVOKABLE Kvq::Request *muteBeep();
+    Q_INVOKABLE Kvq::Request *setSpeakerVolume(int volume);
+
+    void componentComplete() override;
+
+Q_SIGNALS:
+    void watchingChanged();
+    void intervalChanged();
+    void idleIntervalChanged();
+    void possibilitiesChanged();
+    void callAdded(int callId, const QString &number, bool incoming);
+    void callRemoved(int callId);
+
+private:
+    /** Id of the first call in a state, 0 for none. */
+    int firstIn(CallState state) const;
+    int stateOf(int callId) const;
+    void take(const QList<Call> &calls);
+    void lookAgain();
+    /** A request that may change the call table. */
+    Request *callRequest(Job job);
+    Request *tone(const QString &key, _TAPI_VOICE_DTMF_KEY_STATUS_E status);
+
+    Rows<Call> *const m_calls;
+    BoolSetting *const m_muted;
+    QTimer m_timer;
+    bool m_watching = true;
+    bool m_isComplete = false;
+    int m_interval = 500;
+    int m_idleInterval = 2000;
+};
+
+} // namespace Kvq
+
+Q_DECLARE_METATYPE(QList<Kvq::Call>)

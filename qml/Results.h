@@ -1,0 +1,21 @@
+// Result codes of the module and what they say to a person.
+#pragma once
+
+#include "TAPI_RESULT.h"
+
+#include <QString>
+
+namespace Kvq::Results {
+
+/** The module's own results, outside the platform's range. */
+enum : int {
+    NotStored = 0x10000, ///< a setting was not stored, for no reason that is known
+    DiskFull,            ///< a setting was not stored because the disk is full
+    NotAllowed,          ///< the phone is not in a state to change settings
+    Cancelled,           ///< the request was cancelled before it ran
+};
+
+/** Empty for success. */
+QString text(int result);
+
+} // namespace Kvq::Results

@@ -1,0 +1,203 @@
+// How a setting follows its requests.
+#include "Setting.h"
+
+namespace Kvq {
+
+namespace {
+
+/** Tells all settings of the process what one of them wrote. */
+class Exchange : public QObject {
+    Q_OBJECT
+
+public:
+    static Exchange &instance()
+    {
+        static Exchange exchange;
+        return exchange;
+    }
+
+Q_SIGNALS:
+    void written(const Kvq::Setting *source, const QVariant &value);
+};
+
+} // namespace
+
+Setting::Setting(QVariant initial, Reader reader, Writer writer, QObject *item)
+    : QObject(item)
+    , m_reader(std::move(reader))
+    , m_writer(std::move(writer))
+    , m_initial(std::move(initial))
+    , m_shown(m_initial)
+    , m_confirmed(m_initial)
+{
+    connect(&Exchange::instance(), &Exchange::written, this, &Setting::adopt);
+}
+
+CallSetup::State Setting::state() const
+{
+    return isBusy() ? CallSetup::Busy : m_settled;
+}
+
+void Setting::refresh()
+{
+    if (!m_reader || m_reading)
+        return;
+    m_reading =
+        new Ticket(this, m_reader, Lifetime::OfItem, [this](const Answer &answer) { readEnded(answer); });
+    Q_EMIT stateChanged();
+}
+
+void Setting::retry()
+{
+    if (m_takenBack)
+        write(*m_takenBack);
+    else
+        refresh();
+}
+
+bool Setting::cancel()
+{
+    bool cancelled = m_reading && m_reading->cancel();
+    // The last one first: each one cancelled uncovers the one before it.
+    std::vector<QPointer<Ticket>> tickets;
+    for (const auto &[number, write] : m_writes)
+        tickets.insert(tickets.begin(), write.ticket);
+    for (const QPointer<Ticket> &ticket : tickets)
+        cancelled = (ticket && ticket->cancel()) || cancelled;
+    return cancelled;
+}
+
+void Setting::write(const QVariant &value)
+{
+    if (!m_writer) {
+        m_settled = CallSetup::Failed;
+        m_result = TAPI_RESULT_NOT_SUPPORTED;
+        Q_EMIT stateChanged();
+        return;
+    }
+    // A binding that writes back what it has just read makes no request.
+    if (state() == CallSetup::Ready && m_known && value == m_shown)
+        return;
+    const unsigned int number = ++m_writesMade;
+    m_takenBack.reset();
+    Write &write = m_writes[number];
+    write.value = value;
+    write.ticket = new Ticket(
+        this, [writer = m_writer, value](Engine &engine) { return writer(engine, value); },
+        Lifetime::OfWorker, [this, number](const Answer &answer) { writeEnded(number, answer); });
+    show();
+    Q_EMIT stateChanged();
+}
+
+void Setting::forget()
+{
+    delete m_reading;
+    for (const auto &[number, write] : m_writes)
+        delete write.ticket;
+    m_writes.clear();
+    m_confirmed = m_initial;
+    m_takenBack.reset();
+    m_known = false;
+    m_available = true;
+    m_settled = CallSetup::Unknown;
+    m_result = TAPI_RESULT_SUCC;
+    show();
+    Q_EMIT stateChanged();
+}
+
+void Setting::readEnded(const Answer &answer)
+{
+    m_reading.clear();
+    if (answer.isSuccess()) {
+        m_confirmed = answer.value;
+        m_known = true;
+        m_available = true;
+        show();
+    }
+    if (m_writes.empty() && answer.result != Results::Cancelled)
+        settle(answer.result);
+    else
+        Q_EMIT stateChanged();
+}
+
+void Setting::writeEnded(unsigned int number, const Answer &answer)
+{
+    const QVariant asked = m_writes.at(number).value;
+    const bool isLast = m_writes.rbegin()->first == number;
+    m_writes.erase(number);
+    if (answer.isSuccess()) {
+        m_confirmed = answer.value.isValid() ? answer.value : asked;
+        m_known = true;
+        Q_EMIT Exchange::instance().written(this, m_confirmed);
+    }
+    show();
+    // A later write decides what there is to tell.
+    if (!isLast) {
+        Q_EMIT stateChanged();
+        return;
+    }
+    if (answer.result == Results::Cancelled) {
+        if (m_writes.empty() && m_settled == CallSetup::Unknown && m_known)
+            m_settled = CallSetup::Ready;
+        Q_EMIT stateChanged();
+    } else {
+        if (!answer.isSuccess())
+            m_takenBack = asked;
+        settle(answer.result);
+    }
+    if (answer.isSuccess())
+        Q_EMIT confirmed();
+    else
+        Q_EMIT takenBack(answer.result, Results::text(answer.result));
+}
+
+void Setting::settle(int result)
+{
+    m_result = result;
+    m_settled = result == TAPI_RESULT_SUCC ? CallSetup::Ready : CallSetup::Failed;
+    if (result == TAPI_RESULT_NOT_SUPPORTED)
+        m_available = false;
+    Q_EMIT stateChanged();
+}
+
+void Setting::show()
+{
+    const QVariant &value = m_writes.empty() ? m_confirmed : m_writes.rbegin()->second.value;
+    if (m_shown == value)
+        return;
+    m_shown = value;
+    Q_EMIT valueChanged();
+}
+
+void Setting::adopt(const Setting *source, const QVariant &value)
+{
+    if (source == this || !m_known || !m_writes.empty() || !isSameAs(*source))
+        return;
+    m_confirmed = value;
+    show();
+}
+
+bool Setting::isSameAs(const Setting &other) const
+{
+    return parent()->metaObject() == other.parent()->metaObject() && m_place == other.m_place
+        && variant() == other.variant();
+}
+
+BoolSetting::BoolSetting(Reader reader, Writer writer, QObject *item)
+    : Setting(false, std::move(reader), std::move(writer), item)
+{
+}
+
+IntSetting::IntSetting(Reader reader, Writer writer, QObject *item)
+    : Setting(0, std::move(reader), std::move(writer), item)
+{
+}
+
+TextSetting::TextSetting(Reader reader, Writer writer, QObject *item)
+    : Setting(QString(), std::move(reader), std::move(writer), item)
+{
+}
+
+} // namespace Kvq
+
+#include "Setting.moc"

@@ -1,0 +1,108 @@
+// The requests that a PIN needs, by which PIN it is.
+#include "SimPins.h"
+
+#include "Secret.h"
+
+namespace Kvq {
+
+namespace {
+
+_TAPI_RESULT_E verifyPin(PHONE_ENG_Setup &setup, SimPins::Pin which, const QString &pin)
+{
+    switch (which) {
+    case SimPins::Pin1:
+        return PHONE_ENG_Setup::setupVerifySimPin(pin);
+    case SimPins::Pin2:
+        return setup.verifyPin2Code(pin);
+    case SimPins::Upin:
+        return PHONE_ENG_Setup::setupVerifyUpin(pin);
+    }
+    return TAPI_RESULT_INVALID_PARAM;
+}
+
+_TAPI_RESULT_E changePin(PHONE_ENG_Setup &setup, SimPins::Pin which, const QString &oldPin,
+                         const QString &newPin)
+{
+    switch (which) {
+    case SimPins::Pin1:
+        return setup.changeSimPin(oldPin, newPin);
+    case SimPins::Pin2:
+        return setup.changeSimPin2(oldPin, newPin);
+    case SimPins::Upin:
+        return setup.setupChangeUpin(oldPin, newPin);
+    }
+    return TAPI_RESULT_INVALID_PARAM;
+}
+
+_TAPI_RESULT_E unblockPin(SimPins::Pin which, const QString &puk, const QString &newPin)
+{
+    switch (which) {
+    case SimPins::Pin1: // of the two operations for PIN1, the one that does not log
+        return PHONE_ENG_Setup::setupUnblockSimPin1(puk, newPin);
+    case SimPins::Pin2:
+        return PHONE_ENG_Setup::unblockingPin2(puk, newPin);
+    case SimPins::Upin:
+        return PHONE_ENG_Setup::setupUnblockUpin(puk, newPin);
+    }
+    return TAPI_RESULT_INVALID_PARAM;
+}
+
+} // namespace
+
+SimPins::SimPins(QObject *parent)
+    : Subject(parent)
+    , m_upinStatus(m_activity->custom<IntSetting>([](Engine &engine) {
+        _TAPI_SECURITY_PIN_STATUS_E status = TAPI_SECURITY_PIN_STATUS_NOT_USED;
+        const _TAPI_RESULT_E result = engine.setup.getUpinStatus(&status);
+        return Operations::answerOf(result, status);
+    }))
+{
+}
+
+Request *SimPins::verify(Pin which, const QString &pin)
+{
+    return pinRequest([which, secret = Secret(pin)](Engine &engine) {
+        return secret.with(
+            [&](const QString &text) { return Operations::answerOf(verifyPin(engine.setup, which, text)); });
+    });
+}
+
+Request *SimPins::change(Pin which, const QString &oldPin, const QString &newPin)
+{
+    return pinRequest([which, oldSecret = Secret(oldPin), newSecret = Secret(newPin)](Engine &engine) {
+        return oldSecret.with([&](const QString &oldText) {
+            return newSecret.with([&](const QString &newText) {
+                return Operations::answerOf(changePin(engine.setup, which, oldText, newText));
+            });
+        });
+    });
+}
+
+Request *SimPins::unblock(Pin which, const QString &puk, const QString &newPin)
+{
+    return pinRequest([which, pukSecret = Secret(puk), newSecret = Secret(newPin)](Engine &) {
+        return pukSecret.with([&](const QString &pukText) {
+            return newSecret.with([&](const QString &newText) {
+                return Operations::answerOf(unblockPin(which, pukText, newText));
+            });
+        });
+    });
+}
+
+Request *SimPins::enable(const QString &pin)
+{
+    return pinRequest([secret = Secret(pin)](Engine &) {
+        return secret.with(
+            [](const QString &text) { return Operations::answerOf(PHONE_ENG_Setup::enablePin1(text)); });
+    });
+}
+
+/** A wrong PIN changes what the SIM tells of its PINs as much as a right one. */
+Request *SimPins::pinRequest(Job job)
+{
+    Request *const request = m_activity->request(std::move(job));
+    connect(request, &Request::answered, this, [this] { m_activity->refreshSettings(); });
+    return request;
+}
+
+} // namespace Kvq

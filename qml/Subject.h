@@ -1,0 +1,319 @@
+// What items have in common: settings, requests, and a state made of theirs.
+#pragma once
+
+#include "Operations.h"
+#include "Request.h"
+#include "Setting.h"
+
+#include <QAbstractListModel>
+#include <QQmlParserStatus>
+
+#include <array>
+#include <vector>
+
+namespace Kvq {
+
+/** Keeps the settings and requests of one item together. */
+class Activity : public QObject {
+    Q_OBJECT
+
+public:
+    explicit Activity(QObject *item);
+
+    CallSetup::State state() const { return m_state; }
+    int result() const { return m_result; }
+    bool isAvailable() const { return m_available; }
+    bool refreshesItself() const { return m_autoRefresh; }
+    void setRefreshesItself(bool on);
+
+    /** A setting of the item: read by one member of the engine and, if it can be, written by another. */
+    template <typename SettingType, typename Get>
+    SettingType *setting(Get get)
+    {
+        return add(new SettingType(Operations::reader(get), nullptr, parent()));
+    }
+    template <typename SettingType, typename Get, typename Set>
+    SettingType *setting(Get get, Set set)
+    {
+        return add(new SettingType(Operations::reader(get), Operations::writer(set), parent()));
+    }
+    /** A setting with a reader and a writer of its own. */
+    template <typename SettingType>
+    SettingType *custom(Setting::Reader reader, Setting::Writer writer = nullptr)
+    {
+        return add(new SettingType(std::move(reader), std::move(writer), parent()));
+    }
+    template <typename SettingType>
+    SettingType *add(SettingType *setting)
+    {
+        addSetting(setting);
+        return setting;
+    }
+
+    /** What refresh() reads besides the settings. */
+    void setReader(Job job, std::function<void(const QVariant &)> take);
+    void refresh();
+    void refreshSettings();
+    /** The reader alone. One reading at a time: a wish that comes meanwhile is met by one more. */
+    void read();
+    bool isReading() const { return m_reading; }
+    void cancel();
+
+    Request *request(Job job);
+
+Q_SIGNALS:
+    void changed();
+    void autoRefreshChanged();
+    void readingEnded();
+
+private:
+    void addSetting(Setting *setting);
+    void readEnded(const Answer &answer);
+    void update();
+
+    std::vector<Setting *> m_settings;
+    std::vector<QPointer<Request>> m_requests; ///< in flight
+    Job m_reader;
+    std::function<void(const QVariant &)> m_take;
+    QPointer<Ticket> m_reading;
+    bool m_readAgain = false;
+    bool m_hasRead = false;
+    int m_readResult = TAPI_RESULT_SUCC;
+    int m_requestResult = TAPI_RESULT_SUCC;
+    bool m_autoRefresh = true;
+    CallSetup::State m_state = CallSetup::Unknown;
+    int m_result = TAPI_RESULT_SUCC;
+    bool m_available = true;
+};
+
+/** The base of all types that are no models. */
+class Subject : public QObject, public QQmlParserStatus {
+    Q_OBJECT
+    Q_INTERFACES(QQmlParserStatus)
+    QML_ELEMENT
+    QML_UNCREATABLE("The base of other types")
+    Q_PROPERTY(Kvq::CallSetup::State state READ state NOTIFY stateChanged)
+    Q_PROPERTY(bool busy READ isBusy NOTIFY stateChanged)
+    Q_PROPERTY(int result READ result NOTIFY stateChanged)
+    Q_PROPERTY(QString error READ error NOTIFY stateChanged)
+    Q_PROPERTY(bool available READ isAvailable NOTIFY stateChanged)
+    Q_PROPERTY(bool autoRefresh READ autoRefresh WRITE setAutoRefresh NOTIFY autoRefreshChanged)
+
+public:
+    explicit Subject(QObject *parent = nullptr);
+
+    CallSetup::State state() const { return m_activity->state(); }
+    bool isBusy() const { return state() == CallSetup::Busy; }
+    int result() const { return m_activity->result(); }
+    QString error() const { return Results::text(result()); }
+    bool isAvailable() const { return m_activity->isAvailable(); }
+    bool autoRefresh() const { return m_activity->refreshesItself(); }
+    void setAutoRefresh(bool on) { m_activity->setRefreshesItself(on); }
+
+    Q_INVOKABLE void refresh() { m_activity->refresh(); }
+    Q_INVOKABLE void cancel() { m_activity->cancel(); }
+
+    void classBegin() override { }
+    void componentComplete() override;
+
+Q_SIGNALS:
+    void stateChanged();
+    void autoRefreshChanged();
+
+protected:
+    Activity *const m_activity; ///< first, for the settings that a type declares need it
+};
+
+/** One role of a model. */
+template <typename Row>
+struct Role {
+    const char *name;
+    QVariant (*value)(const Row &row);
+};
+
+/** The rows of a model, whatever they are made of. */
+class RowsBase {
+public:
+    virtual ~RowsBase() = default;
+    virtual int count() const = 0;
+    virtual QVariant value(int row, int role) const = 0;
+    virtual QHash<int, QByteArray> roleNames() const = 0;
+};
+
+template <typename Row>
+class Rows;
+
+/** The base of all models. */
+class ListSubject : public QAbstractListModel, public QQmlParserStatus {
+    Q_OBJECT
+    Q_INTERFACES(QQmlParserStatus)
+    QML_ELEMENT
+    QML_UNCREATABLE("The base of other types")
+    Q_PROPERTY(Kvq::CallSetup::State state READ state NOTIFY stateChanged)
+    Q_PROPERTY(bool busy READ isBusy NOTIFY stateChanged)
+    Q_PROPERTY(int result READ result NOTIFY stateChanged)
+    Q_PROPERTY(QString error READ error NOTIFY stateChanged)
+    Q_PROPERTY(bool available READ isAvailable NOTIFY stateChanged)
+    Q_PROPERTY(bool autoRefresh READ autoRefresh WRITE setAutoRefresh NOTIFY autoRefreshChanged)
+    Q_PROPERTY(int count READ count NOTIFY countChanged)
+
+public:
+    explicit ListSubject(QObject *parent = nullptr);
+
+    CallSetup::State state() const { return m_activity->state(); }
+    bool isBusy() const { return state() == CallSetup::Busy; }
+    int result() const { return m_activity->result(); }
+    QString error() const { return Results::text(result()); }
+    bool isAvailable() const { return m_activity->isAvailable(); }
+    bool autoRefresh() const { return m_activity->refreshesItself(); }
+    void setAutoRefresh(bool on) { m_activity->setRefreshesItself(on); }
+    int count() const { return m_rows->count(); }
+
+    Q_INVOKABLE void refresh() { m_activity->refresh(); }
+    Q_INVOKABLE void cancel() { m_activity->cancel(); }
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role) const override;
+    QHash<int, QByteArray> roleNames() const override;
+
+    void classBegin() override { }
+    void componentComplete() override;
+
+Q_SIGNALS:
+    void stateChanged();
+    void autoRefreshChanged();
+    void countChanged();
+
+protected:
+    template <typename Row>
+    friend class Rows; // for what a model does around a change of its rows
+
+    /** Gives the model its rows. */
+    template <typename Row, std::size_t roleCount>
+    Rows<Row> *addRows(const std::array<Role<Row>, roleCount> &roles)
+    {
+        auto rows = std::make_unique<Rows<Row>>(*this, roles);
+        Rows<Row> *const added = rows.get();
+        m_rows = std::move(rows);
+        return added;
+    }
+
+    Activity *const m_activity;
+
+private:
+    std::unique_ptr<RowsBase> m_rows;
+};
+
+/**
+ * The rows of a model: what the phone has, and on top of it the changes that were asked for and are not
+ * answered yet. A change that fails goes, and the rows are what they were without it.
+ *
+ * Row has `key()`, by which a row is the same row after a reading, and `==`.
+ */
+template <typename Row>
+class Rows final : public RowsBase {
+public:
+    using List = QList<Row>;
+    using Change = std::function<void(List &)>;
+
+    template <std::size_t roleCount>
+    Rows(ListSubject &model, const std::array<Role<Row>, roleCount> &roles)
+        : m_model(model)
+        , m_roles(roles.begin(), roles.end())
+    {
+    }
+
+    int count() const override { return static_cast<int>(m_shown.size()); }
+    QVariant value(int row, int role) const override
+    {
+        const int number = role - Qt::UserRole;
+        if (number < 0 || number >= static_cast<int>(m_roles.size()))
+            return {};
+        return m_roles[static_cast<std::size_t>(number)].value(m_shown.at(row));
+    }
+    QHash<int, QByteArray> roleNames() const override
+    {
+        QHash<int, QByteArray> names;
+        for (std::size_t role = 0; role < m_roles.size(); ++role)
+            names.insert(Qt::UserRole + static_cast<int>(role), m_roles[role].name);
+        return names;
+    }
+
+    /** The rows as they are shown. */
+    const List &list() const { return m_shown; }
+
+    /** What the phone has. */
+    void setConfirmed(List rows)
+    {
+        m_confirmed = std::move(rows);
+        show();
+    }
+
+    /** Shows a change and makes the request; what it gives is a List, or nothing when all is as asked. */
+    Request *change(Activity &activity, Change change, Job job)
+    {
+        Request *const request = activity.request(std::move(job));
+        const unsigned int number = ++m_changesMade;
+        m_changes.emplace(number, std::move(change));
+        show();
+        QObject::connect(request, &Request::answered, &m_model, [this, number](const Answer &answer) {
+            const Change ended = std::move(m_changes.at(number));
+            m_changes.erase(number);
+            if (answer.value.template canConvert<List>())
+                m_confirmed = answer.value.template value<List>();
+            else if (answer.isSuccess())
+                ended(m_confirmed);
+            show();
+        });
+        return request;
+    }
+
+private:
+    void show()
+    {
+        List next = m_confirmed;
+        for (const auto &[number, change] : m_changes)
+            change(next);
+        const auto isRow = [](const auto &key) { return [key](const Row &row) { return row.key() == key; }; };
+        const auto countBefore = m_shown.size();
+        for (auto row = m_shown.size() - 1; row >= 0; --row) {
+            if (std::none_of(next.cbegin(), next.cend(), isRow(m_shown.at(row).key()))) {
+                m_model.beginRemoveRows({}, static_cast<int>(row), static_cast<int>(row));
+                m_shown.removeAt(row);
+                m_model.endRemoveRows();
+            }
+        }
+        for (int row = 0; row < static_cast<int>(next.size()); ++row) {
+            const Row &wanted = next.at(row);
+            const auto begin = m_shown.cbegin() + row;
+            const auto found = std::find_if(begin, m_shown.cend(), isRow(wanted.key()));
+            if (found == m_shown.cend()) {
+                m_model.beginInsertRows({}, row, row);
+                m_shown.insert(row, wanted);
+                m_model.endInsertRows();
+                continue;
+            }
+            if (const int from = row + static_cast<int>(found - begin); from != row) {
+                m_model.beginMoveRows({}, from, from, {}, row);
+                m_shown.move(from, row);
+                m_model.endMoveRows();
+            }
+            if (!(m_shown.at(row) == wanted)) {
+                m_shown[row] = wanted;
+                const QModelIndex index = m_model.index(row);
+                Q_EMIT m_model.dataChanged(index, index);
+            }
+        }
+        if (m_shown.size() != countBefore)
+            Q_EMIT m_model.countChanged();
+    }
+
+    ListSubject &m_model;
+    const std::vector<Role<Row>> m_roles;
+    List m_shown;
+    List m_confirmed;
+    std::map<unsigned int, Change> m_changes; ///< in flight, in the order of asking
+    unsigned int m_changesMade = 0;
+};
+
+} // namespace Kvq
