@@ -117,8 +117,8 @@ TEST_F(CallPreferencesTest, HyphenationIsPublishedWhenReadOrStored)
     EXPECT_EQ(
         events(),
         (Events{"SETUP_Utility()", "SETUP_Utility::isFeatureAvailable(266)", "SETUP_SET_Manager(4, false)",
-                R"(SETUP_SET_Manager::getSettingInfo("Setup", "HyphenSetting", 0))", "~SETUP_SET_Manager()",
-                "UTIL_SetDialHyphenation(0)", "~SETUP_Utility()"}));
+                R"(SETUP_SET_Manager::getSettingInfo("Setup", "HyphenSetting", 0))",
+                "UTIL_SetDialHyphenation(0)", "~SETUP_SET_Manager()", "~SETUP_Utility()"}));
     EXPECT_TRUE(setup().setHyphenation(static_cast<PHONE_SETUP_HYPHENATION_T>(7)));
     EXPECT_EQ(events(),
               (Events{"SETUP_SET_Manager(4, true)",

@@ -110,6 +110,7 @@ TEST_F(LinesTest, HotKeysStopAtTheFirstThatFails)
     const std::tuple<int, std::set<unsigned short>, int, std::string, std::vector<int>> rows[] = {
         {0, {2007, 2189}, 1, "1:", {2040, 160, 0, 2168}},
         {0, {2168}, 1, "0:", {2040, 160, 0, 2168}},
+        {256, {2168}, 1, "0:", {2040, 160, 0, 2168}}, // the index is a signed byte
         {1, {2168}, 1, "1:", {2040, 160, 0, 2007, 2189}},
         {-1, {2189}, 1, "0:", {2040, 160, 0, 2007, 2189}},
         {1, {2007}, 1, "0:", {2040, 160, 0, 2007}},
@@ -121,7 +122,7 @@ TEST_F(LinesTest, HotKeysStopAtTheFirstThatFails)
         state().shared.phoneLine = index;
         state().shared.cphsVoiceMail = voiceMail;
         state().product.missingFeatures = missing;
-        std::string expected = available + " UTIL_GetPhoneLine() SETUP_Utility()";
+        std::string expected = available + " SETUP_Utility() UTIL_GetPhoneLine()";
         for (const int id : asked)
             expected += id == 0 ? " UTIL_GetCphsVMStatus()"
                                 : " SETUP_Utility::isFeatureAvailable(" + std::to_string(id) + ")";

@@ -57,7 +57,7 @@ TEST_F(TurboDialingTest, AOneTouchNumberWinsAndIsNeverCut)
     EXPECT_EQ(events(),
               (Events{"SETUP_SET_Manager(4, false)", "SETUP_SET_Manager(4, false)",
                       R"(SETUP_SET_Manager::getSettingInfo("Turbo Dialing", "OneTouchNumber2", "", false))",
-                      "~SETUP_SET_Manager()", R"("the onetouchnumber 2 is not null, it is 911@fire")",
+                      R"("the onetouchnumber 2 is not null, it is 911@fire")", "~SETUP_SET_Manager()",
                       "~SETUP_SET_Manager()"}));
     EXPECT_EQ(locations(), std::set<std::string>{"utility/PHONE_ENG_Setup isOneTouchNumber"});
     EXPECT_EQ(setup().getTurboDialing(258, true), text("911@fire")) << "looked up modulo 256";

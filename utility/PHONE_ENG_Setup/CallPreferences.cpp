@@ -135,8 +135,9 @@ bool PHONE_ENG_Setup::getHyphenation(PHONE_SETUP_HYPHENATION_T &mode)
         mode = PHONE_SETUP_HYPHENATION_NOT_SUPPORTED;
         return false;
     }
-    const int stored = Settings::read(Settings::setupGroup, "HyphenSetting",
-                                      static_cast<int>(PHONE_SETUP_HYPHENATION_DEFAULT));
+    SETUP_SET_Manager store(AM_Global::CallSetup, false);
+    const int stored = Settings::get(store, Settings::setupGroup, "HyphenSetting",
+                                     static_cast<int>(PHONE_SETUP_HYPHENATION_DEFAULT));
     mode = static_cast<PHONE_SETUP_HYPHENATION_T>(stored);
     UTIL_SetDialHyphenation(stored);
     return true;

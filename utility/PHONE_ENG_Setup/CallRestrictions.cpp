@@ -150,7 +150,8 @@ _TAPI_RESULT_E PHONE_ENG_Setup::isCallWaiting(bool &on)
         on = false;
         return TAPI_RESULT_FAIL;
     }
-    const bool asksNetwork = Settings::read(Settings::setupGroup, "DisCMReq", true);
+    SETUP_SET_Manager store(AM_Global::CallSetup, false);
+    const bool asksNetwork = Settings::get(store, Settings::setupGroup, "DisCMReq", true);
     LOG_MESSAGE(R"(get config item PHONE_CALLSETUP_ITEM_CM_REQUEST status: %d\n)", asksNetwork);
     if (!asksNetwork)
         return callWaitingNotAsked;

@@ -87,8 +87,8 @@ _TAPI_RESULT_E PHONE_ENG_Setup::curLineLockStatus(int &status)
 
 bool PHONE_ENG_Setup::isVmHotKeysAvailable() const
 {
-    const int index = UTIL_GetPhoneLine();
     SETUP_Utility product;
+    const auto index = static_cast<signed char>(UTIL_GetPhoneLine());
     if (!product.isFeatureAvailable(Features::cphs) || !product.isFeatureAvailable(Features::voiceMailHotKeys)
         || UTIL_GetCphsVMStatus() != 1)
         return false;

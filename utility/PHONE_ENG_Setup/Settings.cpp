@@ -47,6 +47,8 @@ bool write(PHONE_ENG_Setup &engine, const char *group, const char *key, const Va
     return stored;
 }
 
+template bool get(SETUP_SET_Manager &, const char *, const char *, const bool &);
+template int get(SETUP_SET_Manager &, const char *, const char *, const int &);
 template QString get(SETUP_SET_Manager &, const char *, const char *, const QString &);
 template bool read(const char *, const char *, const bool &);
 template int read(const char *, const char *, const int &);

@@ -17,7 +17,7 @@ constexpr char matchingGroup[] = "matching_indicate";
 template <typename Value>
 Value get(SETUP_SET_Manager &store, const char *group, const char *key, const Value &defaultValue);
 
-/** Opens the store, reads one of these and closes it. */
+/** Opens the store, reads one of these and closes it: for operations that do nothing else. */
 template <typename Value>
 Value read(const char *group, const char *key, const Value &defaultValue);
 

@@ -28,7 +28,9 @@ QByteArray locationKey(unsigned char slot)
 
 bool PHONE_ENG_Setup::isOneTouchNumber(unsigned char slot, QString &number)
 {
-    number = Settings::read(Settings::turboDialingGroup, oneTouchKey(slot).constData(), QStringLiteral(""));
+    SETUP_SET_Manager store(AM_Global::CallSetup, false);
+    number =
+        Settings::get(store, Settings::turboDialingGroup, oneTouchKey(slot).constData(), QStringLiteral(""));
     if (number.isEmpty())
         return false;
     LOG_MESSAGE(R"(the onetouchnumber %d is not null, it is %s)", slot, number.toLatin1().constData());

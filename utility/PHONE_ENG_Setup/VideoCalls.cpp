@@ -40,7 +40,8 @@ bool PHONE_ENG_Setup::setCameraMute(PHONE_SETUP_CAMERA_MUTE_T mute)
 
 QString PHONE_ENG_Setup::getCameraOffImage()
 {
-    const QString image = Settings::read(Settings::setupGroup, "cameraOffImage", QStringLiteral(""));
+    SETUP_SET_Manager store(AM_Global::CallSetup, false);
+    const QString image = Settings::get(store, Settings::setupGroup, "cameraOffImage", QStringLiteral(""));
     if (image.isEmpty())
         return getDefaultCameraOffImage();
     if (image == noPicture())
