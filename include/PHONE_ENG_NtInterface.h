@@ -39,8 +39,6 @@ public:
     static PHONE_ENG_NtInterface *instance();
     /** Deletes the one object, if there is one; connections to it are lost. */
     static void destroy();
-    /** The same as destroy(): deletes the one object, whatever object it is called on. */
-    virtual void destruction();
 
     PHONE_ENG_NtInterface();
     ~PHONE_ENG_NtInterface() override;
@@ -49,6 +47,8 @@ public:
     virtual const char *className() const;
     /** Sets #metaObj; the constructor has done so already. */
     virtual void initMetaObject();
+    /** The same as destroy(): deletes the one object, whatever object it is called on. */
+    virtual void destruction();
 
     /** The one object, null while there is none. */
     static PHONE_ENG_NtInterface *m_pInstance;
@@ -211,8 +211,9 @@ public:
 
     /**
      * Clears the list: deletes every position from the highest one in use down to 0 and emits
-     * preferredChanged(). Deletions that fail are not reported. Positions above 13106, which no SIM can have,
-     * are left alone.
+     * preferredChanged(). Deletions that fail are not reported. No SIM has a position above 13106; should the
+     * list name some all the same, just the named ones are deleted there, so that a card that lies costs at
+     * most 13,207 requests and no listed entry stays.
      * @return false when the list could not be read; nothing is deleted or emitted then.
      * @platform `TAPI_NETWORK_GetPreferredOperator`, `TAPI_NETWORK_DeleteSelectedOperator` once a position.
      */
@@ -252,7 +253,7 @@ public:
     /** @} */
 
 Q_SIGNALS:
-    /** The preferred network list has changed, or may have. */
+    /** The preferred network list has changed, or may have. A receiver may destroy the object. */
     void preferredChanged();
 };
 

@@ -31,7 +31,8 @@ protected:
     }
 
     /** Clears a list of these entries and 0x7F behind them, whose count may be untrue. */
-    void checkClearing(int count, const std::vector<int> &priorities, int firstDeleted)
+    void checkClearing(int count, const std::vector<int> &priorities, int firstDeleted,
+                       const std::vector<int> &deletedBefore = {})
     {
         SCOPED_TRACE(count);
         _TAPI_NETWORK_PREFERRED_S list;
@@ -47,7 +48,10 @@ protected:
                 + std::to_string(max) + R"(\n")";
             max = std::max(max, *priority);
         }
+        std::vector<int> deleted = deletedBefore;
         for (int position = firstDeleted; position >= 0; --position)
+            deleted.push_back(position);
+        for (const int position : deleted)
             expected += " | TAPI_NETWORK_DeleteSelectedOperator(" + std::to_string(position) + ") |";
         expected += R"( "In PHONE_ENG_NtInterface::delAllPreferredNetwork\n" "Max = )" + std::to_string(max);
         expected += R"(\n" "Out PHONE_ENG_NtInterface::delAllPreferredNetwork\n" preferredChanged())";
@@ -126,9 +130,34 @@ TEST_F(PreferredNetworksTest, ClearingBelievesNoRecordThatCannotBe)
     priorities[0] = 99;
     for (const int count : {100, 101, INT_MAX})
         checkClearing(count, priorities, 99);
-    // No card has a position above 13106.
-    for (const int priority : {13106, 13107, INT_MAX})
-        checkClearing(2, {priority, 1}, 13106);
+    // No card has a position above 13106; from one that says so, what it lists is deleted all the same.
+    checkClearing(2, {13106, 1}, 13106);
+    checkClearing(5, {13107, 1, INT_MAX, 20000, INT_MAX}, 13106, {INT_MAX, 20000, 13107});
+}
+
+TEST_F(PreferredNetworksTest, ClearingLeavesNoEntryOfACardThatLies)
+{
+    state().network.preferred = {{0, "00101"}, {5, "00102"}, {20000, "00101"}, {2000000000, "00102"}};
+    EXPECT_TRUE(network().delAllPreferredNetwork());
+    EXPECT_TRUE(state().network.preferred.empty());
+    EXPECT_LE(calls().size(), 13107U + 100 + 2) << "the deletions, the read and the signal";
+}
+
+TEST_F(PreferredNetworksTest, AReceiverMayDestroyTheObject)
+{
+    const auto destroy = [] { PHONE_ENG_NtInterface::destroy(); };
+    QString id = QStringLiteral("00102");
+    const std::function<bool()> changes[] = {
+        [&] { return network().addPreferredNetwork(1, id); },
+        [&] { return network().reorderNetworkPriority(1, 2, id); },
+        [&] { return network().delPreferredNetwork(2); },
+        [&] { return network().delAllPreferredNetwork(); },
+    };
+    for (const auto &change : changes) {
+        QObject::connect(&network(), &PHONE_ENG_NtInterface::preferredChanged, destroy);
+        EXPECT_TRUE(change()); // the sanitizers see what touches the object afterwards
+        EXPECT_EQ(PHONE_ENG_NtInterface::m_pInstance, nullptr);
+    }
 }
 
 TEST_F(PreferredNetworksTest, ReorderingIsAnnouncedOnceTheOldPositionIsEmpty)

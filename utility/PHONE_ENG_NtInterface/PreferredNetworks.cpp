@@ -11,9 +11,20 @@ namespace {
 /**
  * The list is a transparent file of five bytes an entry and at most 65535 bytes (3GPP TS 31.102, ETSI
  * TS 102 221), so no SIM has a position above this one. A record that names one must not keep the phone
- * deleting for hours.
+ * deleting for hours: above it, only the positions that the record names are deleted.
  */
 constexpr int highestPosition = 65535 / 5 - 1;
+
+/** The highest position below @p limit that an entry of the list names, -1 when there is none. */
+int nextPosition(const _TAPI_NETWORK_PREFERRED_S &list, int limit)
+{
+    int next = -1;
+    for (int entry = std::clamp(list.count, 0, TAPI_NETWORK_MAX_PREFERRED) - 1; entry >= 0; --entry) {
+        if (list.entries[entry].priority < limit)
+            next = std::max(next, list.entries[entry].priority);
+    }
+    return next;
+}
 
 } // namespace
 
@@ -45,11 +56,11 @@ bool PHONE_ENG_NtInterface::addPreferredNetwork(unsigned int priority, const QSt
     LOG_MESSAGE(R"(networkid = %s\n)", TextField::bytes(id).constData());
     LOG_MESSAGE(R"(Ret = %d\n)", static_cast<int>(code));
     LOG_MESSAGE(R"(Out PHONE_ENG_NtInterface::addPreferredNetwork\n)");
-    if (code == TAPI_RESULT_SUCC) {
-        LOG_TRACE();
-        Q_EMIT preferredChanged();
-    }
-    return result(code);
+    if (code != TAPI_RESULT_SUCC)
+        return result(code);
+    LOG_TRACE();
+    Q_EMIT preferredChanged(); // a receiver may have destroyed the object
+    return true;
 }
 
 bool PHONE_ENG_NtInterface::delPreferredNetwork(unsigned int priority)
@@ -61,11 +72,11 @@ bool PHONE_ENG_NtInterface::delPreferredNetwork(unsigned int priority)
     LOG_MESSAGE(R"(priority = %d\n)", static_cast<int>(priority));
     LOG_MESSAGE(R"(Ret = %d\n)", static_cast<int>(code));
     LOG_MESSAGE(R"(Out PHONE_ENG_NtInterface::delPreferredNetwork\n)");
-    if (code == TAPI_RESULT_SUCC) {
-        LOG_TRACE();
-        Q_EMIT preferredChanged();
-    }
-    return result(code);
+    if (code != TAPI_RESULT_SUCC)
+        return result(code);
+    LOG_TRACE();
+    Q_EMIT preferredChanged(); // a receiver may have destroyed the object
+    return true;
 }
 
 bool PHONE_ENG_NtInterface::delAllPreferredNetwork()
@@ -79,6 +90,11 @@ bool PHONE_ENG_NtInterface::delAllPreferredNetwork()
         LOG_MESSAGE(R"(priority = %d\n)", priority);
         LOG_MESSAGE(R"(max = %d\n)", max);
         max = std::max(max, priority);
+    }
+    for (int position = max; position > highestPosition; position = nextPosition(list, position)) {
+        LOG_TRACE();
+        TAPI_NETWORK_DeleteSelectedOperator(static_cast<unsigned int>(position));
+        LOG_TRACE();
     }
     for (int position = std::min(max, highestPosition); position >= 0; --position) {
         LOG_TRACE();
