@@ -6,20 +6,37 @@
 #include <cstdarg>
 #include <cstdio>
 
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+
 namespace {
 
 constexpr int engineLogLevel = 3;
 constexpr int highestPrintedLevel = 7;
+
+std::FILE *logStream()
+{
+    return libaplog_to_module_ptr ? libaplog_to_module_ptr : stdout;
+}
+
+/** Whether the log goes to the null device. */
+[[maybe_unused]] bool isLogDiscarded()
+{
+    constexpr unsigned int memoryDevices = 1;
+    constexpr unsigned int null = 3;
+    struct stat status = {};
+    return fstat(fileno(logStream()), &status) == 0 && S_ISCHR(status.st_mode)
+        && status.st_rdev == makedev(memoryDevices, null);
+}
 
 /** Internal linkage: a unit logs through its own copy and exports nothing for it. */
 [[maybe_unused]] [[gnu::format(printf, 2, 3)]] void PHONE_ENG_Log(int level, const char *format, ...)
 {
     if (level > highestPrintedLevel)
         return;
-    std::FILE *const stream = libaplog_to_module_ptr ? libaplog_to_module_ptr : stdout;
     va_list arguments;
     va_start(arguments, format);
-    std::vfprintf(stream, format, arguments);
+    std::vfprintf(logStream(), format, arguments);
     va_end(arguments);
 }
 
@@ -34,3 +51,10 @@ constexpr int highestPrintedLevel = 7;
 #define LOG_MESSAGE(text, ...)                                                                               \
     PHONE_ENG_Log(engineLogLevel, "\n%s, %s, %d: \"" text "\"\n", unitPath, __func__,                        \
                   __LINE__ __VA_OPT__(, ) __VA_ARGS__)
+
+/** A message that shows a PIN or PUK. Not even formatted where nobody sees it, lest the stream's buffer keeps it. */
+#define LOG_SECRET(text, ...)                                                                                \
+    do {                                                                                                     \
+        if (!isLogDiscarded())                                                                               \
+            LOG_MESSAGE(text, __VA_ARGS__);                                                                  \
+    } while (false)

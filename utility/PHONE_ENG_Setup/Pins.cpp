@@ -55,10 +55,10 @@ _TAPI_RESULT_E PHONE_ENG_Setup::setupVerifySimPin(const QString &pin)
 
 _TAPI_RESULT_E PHONE_ENG_Setup::changeSimPin(const QString &oldPin, const QString &newPin)
 {
-    LOG_MESSAGE(R"(PHONE_ENG_Setup::changeSimPin.old pin is %s,new pin is %s)", oldPin.toLatin1().constData(),
-                newPin.toLatin1().constData());
     PinBuffer oldBuffer(oldPin);
     PinBuffer newBuffer(newPin);
+    LOG_SECRET(R"(PHONE_ENG_Setup::changeSimPin.old pin is %s,new pin is %s)", oldBuffer.text(),
+               newBuffer.text());
     LOG_TRACE();
     const _TAPI_RESULT_E result =
         TAPI_SECURITY_ChangePinPassword(TAPI_SECURITY_PIN1, oldBuffer.data(), newBuffer.data());
@@ -70,10 +70,10 @@ _TAPI_RESULT_E PHONE_ENG_Setup::changeSimPin(const QString &oldPin, const QStrin
 
 _TAPI_RESULT_E PHONE_ENG_Setup::unblockingPin(const QString &puk, const QString &newPin)
 {
-    LOG_MESSAGE(R"(PHONE_ENG_Setup::unblockingPin.puk is %s,new pin is %s)", puk.toLatin1().constData(),
-                newPin.toLatin1().constData());
     PinBuffer pukBuffer(puk);
     PinBuffer newBuffer(newPin);
+    LOG_SECRET(R"(PHONE_ENG_Setup::unblockingPin.puk is %s,new pin is %s)", pukBuffer.text(),
+               newBuffer.text());
     LOG_TRACE();
     const _TAPI_RESULT_E result =
         TAPI_SECURITY_UnblockPinPassword(TAPI_SECURITY_PIN1, pukBuffer.data(), newBuffer.data());
@@ -131,10 +131,10 @@ _TAPI_RESULT_E PHONE_ENG_Setup::verifyPin2Code(const QString &pin2)
 
 _TAPI_RESULT_E PHONE_ENG_Setup::changeSimPin2(const QString &oldPin2, const QString &newPin2)
 {
-    LOG_MESSAGE(R"(PHONE_ENG_Setup::changeSimPin2.old pin is %s,new pin is %s)",
-                oldPin2.toLatin1().constData(), newPin2.toLatin1().constData());
     PinBuffer oldBuffer(oldPin2);
     PinBuffer newBuffer(newPin2);
+    LOG_SECRET(R"(PHONE_ENG_Setup::changeSimPin2.old pin is %s,new pin is %s)", oldBuffer.text(),
+               newBuffer.text());
     LOG_TRACE();
     const _TAPI_RESULT_E result =
         TAPI_SECURITY_ChangePinPassword(TAPI_SECURITY_PIN2, oldBuffer.data(), newBuffer.data());
@@ -145,10 +145,10 @@ _TAPI_RESULT_E PHONE_ENG_Setup::changeSimPin2(const QString &oldPin2, const QStr
 
 _TAPI_RESULT_E PHONE_ENG_Setup::unblockingPin2(const QString &puk2, const QString &newPin2)
 {
-    LOG_MESSAGE(R"(PHONE_ENG_Setup::unblockingPin2.puk is %s,new pin is %s)", puk2.toLatin1().constData(),
-                newPin2.toLatin1().constData());
     PinBuffer pukBuffer(puk2);
     PinBuffer newBuffer(newPin2);
+    LOG_SECRET(R"(PHONE_ENG_Setup::unblockingPin2.puk is %s,new pin is %s)", pukBuffer.text(),
+               newBuffer.text());
     LOG_TRACE();
     const _TAPI_RESULT_E result =
         TAPI_SECURITY_UnblockPinPassword(TAPI_SECURITY_PIN2, pukBuffer.data(), newBuffer.data());
@@ -178,10 +178,10 @@ _TAPI_RESULT_E PHONE_ENG_Setup::setupVerifyUpin(const QString &upin)
 
 _TAPI_RESULT_E PHONE_ENG_Setup::setupChangeUpin(const QString &oldUpin, const QString &newUpin)
 {
-    LOG_MESSAGE(R"(PHONE_ENG_Setup::changeSimPin.old UPIN is %s,new pin is %s)",
-                oldUpin.toLatin1().constData(), newUpin.toLatin1().constData());
     PinBuffer oldBuffer(oldUpin);
     PinBuffer newBuffer(newUpin);
+    LOG_SECRET(R"(PHONE_ENG_Setup::changeSimPin.old UPIN is %s,new pin is %s)", oldBuffer.text(),
+               newBuffer.text());
     LOG_TRACE();
     const _TAPI_RESULT_E result =
         TAPI_SECURITY_ChangePinPassword(TAPI_SECURITY_UPIN, oldBuffer.data(), newBuffer.data());
