@@ -489,8 +489,10 @@ public:
      * @{ */
 
     /**
-     * The selected line; publishes it.
-     * @param[out] line 1 or 2; 1 also when the platform fails
+     * The selected line; publishes its index.
+     * @param[out] line the platform's index, a signed byte, plus 1: 1 or 2 on a phone with two lines. A platform
+     *             that answers another index gives that index plus 1 (-127 to 128), unchanged. 1 also when the
+     *             platform fails.
      * @platform `TAPI_CS_GetLine`, `UTIL_SetPhoneLine`.
      */
     _TAPI_RESULT_E currentLineNo(int &line);
@@ -674,7 +676,8 @@ public:
     _TAPI_RESULT_E readIMEISerialNumber(QString &imei);
     /**
      * The version strings of the baseband processor.
-     * @param[out] info the four strings, always terminated
+     * @param[out] info on success the four strings, always terminated; bytes behind a terminator stay as they
+     *             were
      * @return #TAPI_RESULT_INVALID_PARAM, with nothing asked, for a null pointer.
      * @platform `TAPI_ACCE_GetBpVersionInfo`.
      */

@@ -43,6 +43,7 @@ TEST_F(DeviceIdentityTest, VersionsAreCopiedFieldByFieldAndTerminated)
         {std::string(48, 'a'), std::string(48, 'b'), std::string(48, 'c'), std::string(48, 'd')}};
     for (const auto &row : rows) {
         PHONE_BP_VERSION_INFO_S info;
+        std::memset(&info, '#', sizeof info);
         answer("TAPI_ACCE_GetBpVersionInfo", 0,
                {field(row[0]) + field(row[1]) + field(row[2]) + field(row[3])});
         EXPECT_EQ(setup().getBpVersionInfo(&info), TAPI_RESULT_SUCC);
@@ -50,7 +51,8 @@ TEST_F(DeviceIdentityTest, VersionsAreCopiedFieldByFieldAndTerminated)
         for (std::size_t i = 0; i < 4; ++i) {
             const char *const names[] = {"bpVer", "bpFlexVer", "dspVer", "technology"};
             const std::string version = row[i].substr(0, 47);
-            EXPECT_STREQ(bytesOf(info).substr(48 * i, 48).c_str(), version.c_str());
+            EXPECT_EQ(bytesOf(info).substr(48 * i, 48),
+                      version + '\0' + std::string(47 - version.size(), '#'));
             expected.push_back(R"("utility/PHONE_ENG_Setup::getBpVersionInfo \n )"
                                + (names[i] + (" =" + version)) + R"( \n")");
         }

@@ -25,6 +25,16 @@ void fill(Byte (&field)[Size], const QString &text)
     fill(field, text.toLatin1());
 }
 
+/** Copies the text and a terminator into the field; what stands behind them stays. */
+template <typename Byte, std::size_t Size>
+void copy(Byte (&field)[Size], const QByteArray &latin1)
+{
+    static_assert(sizeof(Byte) == 1);
+    const std::size_t length = std::min(static_cast<std::size_t>(latin1.size()), Size - 1);
+    std::memcpy(field, latin1.constData(), length);
+    field[length] = 0;
+}
+
 /** Reads the field to its terminator, or to its end when the platform left the terminator out. */
 template <typename Byte, std::size_t Size>
 QByteArray bytes(const Byte (&field)[Size])

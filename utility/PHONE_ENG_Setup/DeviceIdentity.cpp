@@ -37,7 +37,7 @@ TAPI_RESULT_E PHONE_ENG_Setup::getBpVersionInfo(PHONE_BP_VERSION_INFO_S *info)
                     __func__);
         return result;
     }
-    PHONE_BP_VERSION_INFO_S versions;
+    PHONE_BP_VERSION_INFO_S versions; // as the platform left them, but terminated
     TextField::fill(versions.bpVer, TextField::bytes(reply.bpVer));
     TextField::fill(versions.bpFlexVer, TextField::bytes(reply.bpFlexVer));
     TextField::fill(versions.dspVer, TextField::bytes(reply.dspVer));
@@ -46,7 +46,10 @@ TAPI_RESULT_E PHONE_ENG_Setup::getBpVersionInfo(PHONE_BP_VERSION_INFO_S *info)
     LOG_MESSAGE(R"(%s::%s \n bpFlexVer =%s \n)", unitPath, __func__, versions.bpFlexVer);
     LOG_MESSAGE(R"(%s::%s \n dspVer =%s \n)", unitPath, __func__, versions.dspVer);
     LOG_MESSAGE(R"(%s::%s \n technology =%s \n)", unitPath, __func__, versions.technology);
-    *info = versions;
+    TextField::copy(info->bpVer, TextField::bytes(versions.bpVer));
+    TextField::copy(info->bpFlexVer, TextField::bytes(versions.bpFlexVer));
+    TextField::copy(info->dspVer, TextField::bytes(versions.dspVer));
+    TextField::copy(info->technology, TextField::bytes(versions.technology));
     return result;
 }
 
