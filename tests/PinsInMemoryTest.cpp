@@ -31,6 +31,15 @@ bool standsAt(const unsigned char *memory, std::size_t size, std::size_t width)
     return true;
 }
 
+/** Where its first digit stands next; null when it does not. */
+const unsigned char *nextCandidate(const unsigned char *from, const unsigned char *end)
+{
+    if (from >= end)
+        return nullptr;
+    return static_cast<const unsigned char *>(
+        std::memchr(from, hidden.front() ^ mask, static_cast<std::size_t>(end - from)));
+}
+
 /**
  * How often the PIN stands in the process's writable memory. Read page by page through the kernel into memory that is
  * outside the search; the shadow memory of a sanitizer, terabytes that hold no text, is left out by its size.
@@ -47,23 +56,24 @@ unsigned int findInMemory()
     std::ifstream maps("/proc/self/maps");
     for (std::string line; std::getline(maps, line);) {
         std::uintptr_t begin = 0;
-        std::uintptr_t end = 0;
+        std::uintptr_t behind = 0;
         char dash = 0;
         std::string rights;
-        std::istringstream(line) >> std::hex >> begin >> dash >> end >> rights;
-        if (rights.compare(0, 2, "rw") != 0 || end - begin > largest)
+        std::istringstream(line) >> std::hex >> begin >> dash >> behind >> rights;
+        if (rights.compare(0, 2, "rw") != 0 || behind - begin > largest)
             continue;
-        for (std::uintptr_t at = begin; at < end; at += chunk) {
-            const std::size_t wanted = std::min<std::size_t>(end - at, buffer.size());
+        for (std::uintptr_t at = begin; at < behind; at += chunk) {
+            const std::size_t wanted = std::min<std::size_t>(behind - at, buffer.size());
             const ssize_t size = pread(memory, buffer.data(), wanted, static_cast<off_t>(at));
             const auto own = reinterpret_cast<std::uintptr_t>(buffer.data());
-            for (ssize_t byte = 0; byte < std::min<ssize_t>(size, chunk); ++byte) {
-                const std::uintptr_t address = at + static_cast<std::uintptr_t>(byte);
-                if (address >= own && address < own + buffer.size())
-                    continue;
-                const auto rest = static_cast<std::size_t>(size - byte);
-                if (standsAt(&buffer[static_cast<std::size_t>(byte)], rest, 1)
-                    || standsAt(&buffer[static_cast<std::size_t>(byte)], rest, 2))
+            const unsigned char *const end = buffer.data() + std::max<ssize_t>(size, 0);
+            const unsigned char *const last = std::min<const unsigned char *>(end, buffer.data() + chunk);
+            for (const unsigned char *byte = nextCandidate(buffer.data(), last); byte;
+                 byte = nextCandidate(byte + 1, last)) {
+                const std::uintptr_t address = at + static_cast<std::uintptr_t>(byte - buffer.data());
+                const auto rest = static_cast<std::size_t>(end - byte);
+                if ((address < own || address >= own + buffer.size())
+                    && (standsAt(byte, rest, 1) || standsAt(byte, rest, 2)))
                     ++found;
             }
         }
