@@ -1,4 +1,6 @@
 // Restrictions, options and lines.
+#include "CallOptions.h"
+
 #include "Pins.h"
 #include "PlatformCall.h"
 
@@ -12,8 +14,6 @@ using Simulator::Out;
 using Simulator::platformCall;
 
 namespace {
-
-constexpr unsigned short callerIdFeature = 2236;
 
 /** Reads one byte of the service state. */
 _TAPI_RESULT_E readByte(const char *function, unsigned char ServiceState::*member, unsigned char *value)
@@ -107,22 +107,7 @@ _TAPI_RESULT_E TAPI_CS_SetRestrictId(_TAPI_CALL_RESTRICT_ID_E id)
 {
     return platformCall(
         "TAPI_CS_SetRestrictId", {},
-        [id](PhoneState &phone) {
-            // The feature database numbers invocation and suppression the other way round.
-            switch (id) {
-            case TAPI_CALL_RESTRICT_ID_NETWORK:
-                phone.product.featureSettings[callerIdFeature] = 0;
-                return TAPI_RESULT_SUCC;
-            case TAPI_CALL_RESTRICT_ID_INVOKE:
-                phone.product.featureSettings[callerIdFeature] = 2;
-                return TAPI_RESULT_SUCC;
-            case TAPI_CALL_RESTRICT_ID_SUPPRESS:
-                phone.product.featureSettings[callerIdFeature] = 1;
-                return TAPI_RESULT_SUCC;
-            }
-            return TAPI_RESULT_INVALID_PARAM;
-        },
-        id);
+        [id](PhoneState &phone) { return Simulator::setCallerIdRestriction(phone.product, id); }, id);
 }
 
 _TAPI_RESULT_E TAPI_CS_GetRestrictNextCallID(unsigned char *id)
@@ -177,15 +162,7 @@ _TAPI_RESULT_E TAPI_CS_SelectLine(signed char index)
 {
     return platformCall(
         "TAPI_CS_SelectLine", {},
-        [index](PhoneState &phone) {
-            if (index != 0 && index != 1)
-                return TAPI_RESULT_INVALID_PARAM;
-            if (phone.services.lineLock == 1 && index != phone.services.line)
-                return TAPI_RESULT_FAIL;
-            phone.services.line = index;
-            return TAPI_RESULT_SUCC;
-        },
-        index);
+        [index](PhoneState &phone) { return Simulator::selectLine(phone.services, index); }, index);
 }
 
 _TAPI_RESULT_E TAPI_CPHS_GetLineLockStatus(unsigned char *locked)

@@ -1,10 +1,12 @@
 // The networks around the phone.
+#include "Networks.h"
 #include "PlatformCall.h"
 
 #include "TAPI_NETWORK.h"
 
 using Simulator::copyText;
 using Simulator::Field;
+using Simulator::findNetwork;
 using Simulator::Out;
 using Simulator::platformCall;
 using Simulator::textOf;
@@ -12,16 +14,6 @@ using Simulator::textOf;
 namespace {
 
 enum NetworkStatus : unsigned short { Available = 1, Registered = 2, Forbidden = 3 };
-
-/** Null when there is no such network. */
-const Network *findNetwork(const PhoneState &phone, const std::string &id)
-{
-    for (const Network &network : phone.network.networks) {
-        if (network.id == id)
-            return &network;
-    }
-    return nullptr;
-}
 
 void fillName(TAPI_NETWORK_NAME_A &field, const QString &name)
 {
@@ -36,11 +28,9 @@ QString longName(const Network &network, unsigned char languageFlag)
     return languageFlag == 1 ? network.secondLongName : network.longName;
 }
 
-/** A search finds all the networks there are. */
 _TAPI_RESULT_E search(PhoneState &phone)
 {
-    for (Network &network : phone.network.networks)
-        network.known = true;
+    Simulator::searchNetworks(phone.network);
     return TAPI_RESULT_SUCC;
 }
 
@@ -167,12 +157,7 @@ _TAPI_RESULT_E TAPI_NETWORK_RegisterOperator(TAPI_NETWORK_ID_A networkId)
     return platformCall(
         "TAPI_NETWORK_RegisterOperator", {},
         [=](PhoneState &phone) {
-            const std::string id = textOf(networkId, sizeof(TAPI_NETWORK_ID_A));
-            const Network *const network = findNetwork(phone, id);
-            if (!network || !network->acceptsRegistration)
-                return TAPI_RESULT_FAIL;
-            phone.network.registeredId = id;
-            return TAPI_RESULT_SUCC;
+            return Simulator::registerWith(phone.network, textOf(networkId, sizeof(TAPI_NETWORK_ID_A)));
         },
         Field(networkId, sizeof(TAPI_NETWORK_ID_A)));
 }
@@ -184,7 +169,7 @@ _TAPI_RESULT_E TAPI_NETWORK_GetChosenPlmnName(TAPI_NETWORK_PLMN_ID_A networkId, 
         "TAPI_NETWORK_GetChosenPlmnName", {Out(names)},
         [=](PhoneState &phone) {
             const Network *const network =
-                findNetwork(phone, textOf(networkId, sizeof(TAPI_NETWORK_PLMN_ID_A)));
+                findNetwork(phone.network, textOf(networkId, sizeof(TAPI_NETWORK_PLMN_ID_A)));
             if (!network)
                 return TAPI_RESULT_FAIL;
             fillName(names->longName, longName(*network, languageFlag));
@@ -202,7 +187,7 @@ _TAPI_RESULT_E TAPI_NETWORK_GetOperatorNameList(_TAPI_PLMN_INFO_STRUCT_S *names,
         [=](PhoneState &phone) {
             for (unsigned short entry = 0; entry < count; ++entry) {
                 const Network *const network =
-                    findNetwork(phone, textOf(names[entry].networkId, sizeof names[entry].networkId));
+                    findNetwork(phone.network, textOf(names[entry].networkId, sizeof names[entry].networkId));
                 fillName(names[entry].name, network ? longName(*network, languageFlag) : QString());
             }
             return TAPI_RESULT_SUCC;
@@ -223,7 +208,7 @@ _TAPI_RESULT_E TAPI_NETWORK_GetPreferredOperator(_TAPI_NETWORK_PREFERRED_S *list
                 entry = {};
                 entry.priority = static_cast<int>(position);
                 copyText(entry.networkId, sizeof entry.networkId, id);
-                if (const Network *const network = findNetwork(phone, id))
+                if (const Network *const network = findNetwork(phone.network, id))
                     fillName(entry.name, longName(*network, languageFlag));
             }
             return TAPI_RESULT_SUCC;

@@ -1,24 +1,18 @@
 // The push-to-talk library: its call manager and its service.
+#include "Calls.h"
 #include "PlatformCall.h"
 
 #include "KPTT_API_ReqDevice.h"
 #include "PHONE_ENG_PTTCallManager.h"
 
 using Simulator::Bytes;
+using Simulator::endPushToTalk;
+using Simulator::findPushToTalkCall;
 using Simulator::platformCall;
 
 namespace {
 
 constexpr unsigned char noCall = 255;
-
-PushToTalkCall *find(CallState &calls, unsigned char callId)
-{
-    for (PushToTalkCall &call : calls.pushToTalkCalls) {
-        if (call.callId != 0 && call.callId == callId)
-            return &call;
-    }
-    return nullptr;
-}
 
 /** The service's answer, and what an accepted request does. */
 template <typename Action>
@@ -30,26 +24,11 @@ int serve(PhoneState &phone, Action action)
     return 0;
 }
 
-void end(CallState &calls, unsigned char callId)
-{
-    if (PushToTalkCall *const call = find(calls, callId))
-        *call = {};
-}
-
 } // namespace
 
 bool SimulatedPhone::startPushToTalk(unsigned char callId, bool audioBufferComplete)
 {
-    if (callId == 0 || callId == noCall)
-        return false;
-    end(m_state.calls, callId);
-    for (PushToTalkCall &call : m_state.calls.pushToTalkCalls) {
-        if (call.callId == 0) {
-            call = {callId, true, audioBufferComplete};
-            return true;
-        }
-    }
-    return false;
+    return Simulator::startPushToTalk(m_state.calls, callId, audioBufferComplete);
 }
 
 PHONE_ENG_PTTCallManager *PHONE_ENG_PTTCallManager::instance()
@@ -75,7 +54,7 @@ int PHONE_ENG_PTTCallManager::isPTTAudioBufComplete(unsigned char callId)
     return platformCall(
         "PHONE_ENG_PTTCallManager::isPTTAudioBufComplete", {},
         [callId](PhoneState &phone) {
-            const PushToTalkCall *const call = find(phone.calls, callId);
+            const PushToTalkCall *const call = findPushToTalkCall(phone.calls, callId);
             return call && call->audioBufferComplete ? 1 : 0;
         },
         callId);
@@ -96,7 +75,7 @@ int PHONE_ENG_PTTCallManager::isKodiakPTTCallId(unsigned char callId)
 {
     return platformCall(
         "PHONE_ENG_PTTCallManager::isKodiakPTTCallId", {},
-        [callId](PhoneState &phone) { return find(phone.calls, callId) ? 1 : 0; }, callId);
+        [callId](PhoneState &phone) { return findPushToTalkCall(phone.calls, callId) ? 1 : 0; }, callId);
 }
 
 KPTT_API_ReqDevice::KPTT_API_ReqDevice()
@@ -115,7 +94,7 @@ int KPTT_API_ReqDevice::holdCallReq(unsigned char callId)
         "KPTT_API_ReqDevice::holdCallReq", {},
         [callId](PhoneState &phone) {
             return serve(phone, [callId](CallState &calls) {
-                if (PushToTalkCall *const call = find(calls, callId))
+                if (PushToTalkCall *const call = findPushToTalkCall(calls, callId))
                     call->active = false;
             });
         },
@@ -131,7 +110,7 @@ int KPTT_API_ReqDevice::releaseCallReq(_KPTT_RELEASE_CALL_REQ_S *request)
                 if (request->dropType == TAPI_VOICE_DROP_ALL)
                     calls.pushToTalkCalls = {};
                 else
-                    end(calls, request->callId);
+                    endPushToTalk(calls, request->callId);
             });
         },
         Bytes(request, sizeof *request));
@@ -143,8 +122,8 @@ int KPTT_API_ReqDevice::switchCallReq(_KPTT_SWITCH_CALL_REQ_S *request)
         "KPTT_API_ReqDevice::switchCallReq", {},
         [request](PhoneState &phone) {
             return serve(phone, [request](CallState &calls) {
-                PushToTalkCall *const first = find(calls, request->firstCallId);
-                PushToTalkCall *const second = find(calls, request->secondCallId);
+                PushToTalkCall *const first = findPushToTalkCall(calls, request->firstCallId);
+                PushToTalkCall *const second = findPushToTalkCall(calls, request->secondCallId);
                 if (first && second)
                     std::swap(first->active, second->active);
                 else if (first)
@@ -159,7 +138,7 @@ int KPTT_API_ReqDevice::rejectCallReq(_KPTT_REJECT_CALL_REQ_S *request)
     return platformCall(
         "KPTT_API_ReqDevice::rejectCallReq", {},
         [request](PhoneState &phone) {
-            return serve(phone, [request](CallState &calls) { end(calls, request->callId); });
+            return serve(phone, [request](CallState &calls) { endPushToTalk(calls, request->callId); });
         },
         Bytes(request, sizeof *request));
 }

@@ -6,66 +6,28 @@
 
 using Simulator::Field;
 using Simulator::Out;
+using Simulator::pinOf;
 using Simulator::platformCall;
 using Simulator::verifyPin;
 
 namespace {
 
 constexpr std::size_t pinSize = sizeof(TAPI_PIN_A);
-constexpr int pinTries = 3;
-constexpr int pukTries = 10;
 constexpr auto usimFailure = static_cast<_TAPI_RESULT_E>(1);
-
-/** Null when the card knows no such PIN. */
-Pin *pinOf(PhoneState &phone, _TAPI_SECURITY_PIN_TYPE_E type)
-{
-    switch (type) {
-    case TAPI_SECURITY_PIN1:
-        return &phone.sim.pin1;
-    case TAPI_SECURITY_PIN2:
-        return &phone.sim.pin2;
-    case TAPI_SECURITY_UPIN:
-        return &phone.sim.upin;
-    }
-    return nullptr;
-}
 
 std::string pinText(const unsigned char *pin)
 {
     return Simulator::textOf(pin, pinSize);
 }
 
-/** 4 to 8 digits (3GPP TS 31.101). */
-bool isAcceptable(const std::string &code)
-{
-    return code.size() >= 4 && code.size() <= 8 && code.find_first_not_of("0123456789") == std::string::npos;
-}
-
 } // namespace
-
-namespace Simulator {
-
-_TAPI_RESULT_E verifyPin(Pin &pin, const std::string &code)
-{
-    if (pin.triesLeft == 0)
-        return TAPI_RESULT_PIN_REJECTED_FINAL;
-    pin.verified = code == pin.code;
-    if (pin.verified) {
-        pin.triesLeft = pinTries;
-        return TAPI_RESULT_SUCC;
-    }
-    --pin.triesLeft;
-    return pin.triesLeft == 0 ? TAPI_RESULT_PIN_REJECTED_FINAL : TAPI_RESULT_PIN_REJECTED;
-}
-
-} // namespace Simulator
 
 _TAPI_RESULT_E TAPI_SECURITY_VerifyPinPassword(_TAPI_SECURITY_PIN_TYPE_E type, TAPI_PIN_A pin)
 {
     return platformCall(
         "TAPI_SECURITY_VerifyPinPassword", {},
         [=](PhoneState &phone) {
-            Pin *const kept = pinOf(phone, type);
+            Pin *const kept = pinOf(phone.sim, type);
             return kept ? verifyPin(*kept, pinText(pin)) : TAPI_RESULT_INVALID_PARAM;
         },
         type, Field(pin, pinSize));
@@ -77,13 +39,9 @@ _TAPI_RESULT_E TAPI_SECURITY_ChangePinPassword(_TAPI_SECURITY_PIN_TYPE_E type, T
     return platformCall(
         "TAPI_SECURITY_ChangePinPassword", {},
         [=](PhoneState &phone) {
-            Pin *const kept = pinOf(phone, type);
-            if (!kept || !isAcceptable(pinText(newPin)))
-                return TAPI_RESULT_INVALID_PARAM;
-            const _TAPI_RESULT_E result = verifyPin(*kept, pinText(oldPin));
-            if (result == TAPI_RESULT_SUCC)
-                kept->code = pinText(newPin);
-            return result;
+            Pin *const kept = pinOf(phone.sim, type);
+            return kept ? Simulator::changePin(*kept, pinText(oldPin), pinText(newPin))
+                        : TAPI_RESULT_INVALID_PARAM;
         },
         type, Field(oldPin, pinSize), Field(newPin, pinSize));
 }
@@ -94,20 +52,9 @@ _TAPI_RESULT_E TAPI_SECURITY_UnblockPinPassword(_TAPI_SECURITY_PIN_TYPE_E type, 
     return platformCall(
         "TAPI_SECURITY_UnblockPinPassword", {},
         [=](PhoneState &phone) {
-            Pin *const kept = pinOf(phone, type);
-            if (!kept || !isAcceptable(pinText(newPin)))
-                return TAPI_RESULT_INVALID_PARAM;
-            if (kept->pukTriesLeft == 0)
-                return TAPI_RESULT_PIN_REJECTED_FINAL;
-            if (pinText(puk) != kept->puk) {
-                --kept->pukTriesLeft;
-                return kept->pukTriesLeft == 0 ? TAPI_RESULT_PIN_REJECTED_FINAL : TAPI_RESULT_PIN_REJECTED;
-            }
-            kept->code = pinText(newPin);
-            kept->triesLeft = pinTries;
-            kept->pukTriesLeft = pukTries;
-            kept->verified = true;
-            return TAPI_RESULT_SUCC;
+            Pin *const kept = pinOf(phone.sim, type);
+            return kept ? Simulator::unblockPin(*kept, pinText(puk), pinText(newPin))
+                        : TAPI_RESULT_INVALID_PARAM;
         },
         type, Field(puk, pinSize), Field(newPin, pinSize));
 }
@@ -126,10 +73,7 @@ _TAPI_RESULT_E TAPI_SECURITY_SetPinStatus(_TAPI_SECURITY_PIN_TYPE_E type, TAPI_P
         [=](PhoneState &phone) {
             if (type != TAPI_SECURITY_PIN1)
                 return TAPI_RESULT_INVALID_PARAM;
-            const _TAPI_RESULT_E result = verifyPin(phone.sim.pin1, pinText(pin));
-            if (result == TAPI_RESULT_SUCC)
-                phone.sim.pin1Request = on;
-            return result;
+            return Simulator::requestPin1(phone.sim, pinText(pin), on);
         },
         type, Field(pin, pinSize), on);
 }
@@ -151,7 +95,7 @@ _TAPI_RESULT_E TAPI_SECURITY_GetAnyPinStatus(_TAPI_SECURITY_PIN_TYPE_E type,
     return platformCall(
         "TAPI_SECURITY_GetAnyPinStatus", {Out(status)},
         [=](PhoneState &phone) {
-            const Pin *const kept = pinOf(phone, type);
+            const Pin *const kept = pinOf(phone.sim, type);
             if (!kept)
                 return TAPI_RESULT_INVALID_PARAM;
             if (kept->triesLeft == 0)

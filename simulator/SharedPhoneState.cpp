@@ -1,4 +1,5 @@
 // Shared phone state, language, broadcasts and phone messages.
+#include "Calls.h"
 #include "PlatformCall.h"
 
 #include "PHONE_Msg.h"
@@ -96,8 +97,11 @@ void UTIL_SetActiveAccount(int position)
 
 int UTIL_GetIncomingCallStatus()
 {
-    return platformCall("UTIL_GetIncomingCallStatus", {},
-                        [](PhoneState &phone) { return phone.shared.incomingCall; });
+    return platformCall("UTIL_GetIncomingCallStatus", {}, [](PhoneState &phone) {
+        return phone.shared.incomingCall == 0 && Simulator::isRinging(phone.calls)
+            ? 1
+            : phone.shared.incomingCall;
+    });
 }
 
 int UTIL_Language::getSystemLanguageId()

@@ -1,4 +1,5 @@
 // Own numbers and elementary files of the card.
+#include "OwnNumbers.h"
 #include "PlatformCall.h"
 
 #include "TAPI_OWNNUMBER.h"
@@ -8,19 +9,8 @@ using Simulator::Bytes;
 using Simulator::copyText;
 using Simulator::Field;
 using Simulator::Out;
+using Simulator::ownNumber;
 using Simulator::platformCall;
-
-namespace {
-
-/** Null when the card has no such record. */
-OwnNumber *ownNumber(PhoneState &phone, int index)
-{
-    if (index < 1 || static_cast<std::size_t>(index) > phone.sim.ownNumbers.size())
-        return nullptr;
-    return &phone.sim.ownNumbers[static_cast<std::size_t>(index - 1)];
-}
-
-} // namespace
 
 _TAPI_RESULT_E TAPI_OWNNUMBER_GetEntry(unsigned short firstIndex, unsigned short count,
                                        _TAPI_OWNNUMBER_ENTRY_S *entries)
@@ -30,7 +20,7 @@ _TAPI_RESULT_E TAPI_OWNNUMBER_GetEntry(unsigned short firstIndex, unsigned short
         [=](PhoneState &phone) {
             for (int record = 0; record < count; ++record) {
                 const int index = firstIndex + record;
-                const OwnNumber *const kept = ownNumber(phone, index);
+                const OwnNumber *const kept = ownNumber(phone.sim, index);
                 if (!kept)
                     break;
                 _TAPI_OWNNUMBER_ENTRY_S &entry = entries[record];
@@ -53,7 +43,7 @@ _TAPI_RESULT_E TAPI_OWNNUMBER_SaveEntry(short index, TAPI_PHONE_NUMBER_A number,
     return platformCall(
         "TAPI_OWNNUMBER_SaveEntry", {},
         [=](PhoneState &phone) {
-            OwnNumber *const kept = ownNumber(phone, index);
+            OwnNumber *const kept = ownNumber(phone.sim, index);
             if (!kept)
                 return TAPI_RESULT_INVALID_PARAM;
             kept->number = Simulator::textOf(number, sizeof(TAPI_PHONE_NUMBER_A));
@@ -74,7 +64,7 @@ _TAPI_RESULT_E TAPI_OWNNUMBER_DeleteEntry(short index)
     return platformCall(
         "TAPI_OWNNUMBER_DeleteEntry", {},
         [=](PhoneState &phone) {
-            OwnNumber *const kept = ownNumber(phone, index);
+            OwnNumber *const kept = ownNumber(phone.sim, index);
             if (!kept)
                 return TAPI_RESULT_INVALID_PARAM;
             *kept = {};

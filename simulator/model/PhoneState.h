@@ -159,6 +159,7 @@ struct Network {
     QString secondShortName;
     bool acceptsRegistration = true;
     bool known = false; ///< a search has found it
+    bool inRange = true;
 };
 
 struct NetworkState {
