@@ -1,0 +1,65 @@
+// Telling a running modem something.
+#include "ControlClient.h"
+
+#include "Server.h"
+
+#include <sys/socket.h>
+#include <sys/time.h>
+#include <sys/un.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+namespace AtModem {
+
+namespace {
+
+constexpr int noModem = 1;
+constexpr int mistaken = 2;
+constexpr time_t deadline = 10; // seconds
+
+int complain(const std::string &controlPath)
+{
+    std::fprintf(stderr, "error: %s: %s\n", controlPath.c_str(), std::strerror(errno));
+    return noModem;
+}
+
+} // namespace
+
+int tellModem(const std::string &controlPath, const std::string &line)
+{
+    sockaddr_un place = {};
+    place.sun_family = AF_UNIX;
+    if (controlPath.size() >= sizeof place.sun_path) {
+        errno = ENAMETOOLONG;
+        return complain(controlPath);
+    }
+    std::memcpy(place.sun_path, controlPath.data(), controlPath.size());
+    const Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    const timeval time = {deadline, 0};
+    const std::string request = line + '\n';
+    if (!socket.isOpen() || setsockopt(socket.number(), SOL_SOCKET, SO_RCVTIMEO, &time, sizeof time) != 0
+        || connect(socket.number(), reinterpret_cast<const sockaddr *>(&place), sizeof place) != 0
+        || send(socket.number(), request.data(), request.size(), MSG_NOSIGNAL)
+            != static_cast<ssize_t>(request.size())
+        || shutdown(socket.number(), SHUT_WR) != 0)
+        return complain(controlPath);
+    std::string reply;
+    std::array<char, 4096> buffer = {};
+    ssize_t received = 0;
+    while ((received = recv(socket.number(), buffer.data(), buffer.size(), 0)) > 0)
+        reply.append(buffer.data(), static_cast<std::size_t>(received));
+    if (received < 0)
+        return complain(controlPath);
+    constexpr std::string_view done = "ok\n";
+    const bool accepted =
+        reply.size() >= done.size() && reply.compare(reply.size() - done.size(), done.size(), done) == 0;
+    if (accepted)
+        reply.erase(reply.size() - done.size());
+    std::fputs(reply.c_str(), accepted ? stdout : stderr);
+    return accepted ? 0 : mistaken;
+}
+
+} // namespace AtModem

@@ -1,0 +1,11 @@
+// Telling a running modem something through its control socket.
+#pragma once
+
+#include <string>
+
+namespace AtModem {
+
+/** Sends one line and shows what it came to. Returns the exit status: 0, 1 without a modem, 2 for a mistake. */
+int tellModem(const std::string &controlPath, const std::string &line);
+
+} // namespace AtModem

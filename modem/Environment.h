@@ -1,0 +1,50 @@
+// What happens to the phone: calls come in and end, networks come and go, the card is pulled.
+#pragma once
+
+#include "Modem.h"
+
+namespace AtModem {
+
+/** What became of a call that somebody makes to the phone. */
+struct IncomingCall {
+    enum class Outcome { Rings, Forwarded, Busy, NotReachable };
+    Outcome outcome = Outcome::NotReachable;
+    unsigned char callId = 0;
+    std::string forwardedTo;
+};
+
+/** Somebody calls the phone; the network forwards what it was told to forward. */
+IncomingCall ring(Modem &modem, const std::string &number, bool withheld);
+
+/** @name The other side of a call
+ * @{ */
+bool remoteAnswers(Modem &modem, unsigned char callId);
+bool remoteHangsUp(Modem &modem, unsigned char callId);
+bool remoteHolds(Modem &modem, unsigned char callId, bool onHold);
+/** @} */
+
+/** False when there is no such network. */
+bool setInRange(Modem &modem, const std::string &networkId, bool inRange);
+
+/** The card is pulled or put in. */
+void setCardInserted(Modem &modem, bool inserted);
+
+/** The card gets power: it wants its PIN again, and is announced. */
+void powerCard(Modem &modem);
+
+/** The daemon's driver learns of a card that has become ready only by its coming and going. */
+void announceCard(Modem &modem);
+
+/** The network sends a text that nobody asked for. */
+void notify(Modem &modem, const std::string &text);
+
+/** Follows a call that was dialled until the other side's phone rings. */
+void followDialledCall(Modem &modem, unsigned char callId);
+
+/** The state of a call in +CLCC. */
+int listedState(const Modem &modem, const _TAPI_CALL_SESSION_S &call);
+
+/** Forgets what is known of calls that are gone. */
+void forgetEndedCalls(Modem &modem);
+
+} // namespace AtModem

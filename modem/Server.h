@@ -1,0 +1,99 @@
+// The modem's doors: the TCP port for AT commands and the control socket for its own commands.
+#pragma once
+
+#include "Modem.h"
+#include "Prompt.h"
+
+#include <poll.h>
+#include <unistd.h>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace AtModem {
+
+/** An open file descriptor, closed with its owner. */
+class Descriptor {
+public:
+    Descriptor() = default;
+    explicit Descriptor(int number)
+        : m_number(number)
+    {
+    }
+    Descriptor(Descriptor &&other) noexcept
+        : m_number(std::exchange(other.m_number, -1))
+    {
+    }
+    Descriptor &operator=(Descriptor &&other) noexcept
+    {
+        std::swap(m_number, other.m_number);
+        return *this;
+    }
+    ~Descriptor()
+    {
+        if (m_number >= 0)
+            close(m_number);
+    }
+    Descriptor(const Descriptor &) = delete;
+    Descriptor &operator=(const Descriptor &) = delete;
+
+    int number() const { return m_number; }
+    bool isOpen() const { return m_number >= 0; }
+
+private:
+    int m_number = -1;
+};
+
+class Server {
+public:
+    Server(Modem &modem, Prompt &prompt);
+    ~Server();
+
+    /** @name Opening the doors; false with errno set when one cannot be opened
+     * @{ */
+    bool listenForCommands(const std::string &address, unsigned short port);
+    bool listenForControl(const std::string &path);
+    /** @} */
+
+    /** The port that is listened on. */
+    unsigned short port() const { return m_port; }
+
+    /** Another descriptor to wait for; the reader returns false when it wants to be heard no more. */
+    void watch(int descriptor, std::function<bool()> reader);
+
+    /** Serves until it is told to stop. */
+    void run();
+    void stop() { m_stopped = true; }
+
+private:
+    /** One connected peer: what it still is to be sent, and what has come of its line. */
+    struct Peer {
+        Descriptor socket;
+        std::shared_ptr<Session> session; ///< null for a control connection
+        std::string line;
+        std::string output;
+        bool closing = false; ///< to be closed once it was sent everything
+    };
+
+    void acceptPeer(const Descriptor &listener, bool control);
+    bool serve(Peer &peer, short events);
+    void takeControlBytes(Peer &peer, std::string_view bytes);
+    static bool flush(Peer &peer);
+    int timeout() const;
+
+    Modem &m_modem;
+    Prompt &m_prompt;
+    Descriptor m_commands;
+    Descriptor m_control;
+    std::string m_controlPath;
+    unsigned short m_port = 0;
+    std::vector<std::unique_ptr<Peer>> m_peers;
+    std::map<int, std::function<bool()>> m_watched;
+    bool m_stopped = false;
+};
+
+} // namespace AtModem

@@ -1,0 +1,181 @@
+#!/usr/bin/env bash
+# The desk: a private bus, the simulated modem and the real telephony daemon, for as long as a command runs.
+#
+#   scripts/desk.sh run [--online] [--modem PROGRAM] [--script FILE] -- COMMAND...
+#       Starts all three in a folder of their own, runs COMMAND and ends them, also when it fails or is interrupted.
+#       --online powers the modem and waits until it is registered. PROGRAM is kvq-modem (default: $KVQ_MODEM_PROGRAM,
+#       then the one of the newest build below build/). FILE holds commands for the modem's prompt.
+#       Exit status: the command's; 70 when the desk could not be set up.
+#
+# COMMAND finds in its environment:
+#   DBUS_SYSTEM_BUS_ADDRESS  the private bus, where the daemon has the modem /phone
+#   KVQ_DESK                 the folder of this desk: bus.pid, modem.pid, daemon.pid (each the program's own process id),
+#                            modem.control, and the logs bus.log, modem.log, daemon.log (the AT traffic is in the last)
+#   KVQ_MODEM_PROGRAM        kvq-modem
+#
+# Inside of it:
+#   scripts/desk.sh tell WORDS...   a command of the modem's prompt, as in: desk.sh tell .ring 5551234
+#   scripts/desk.sh online          powers the modem and waits until it is registered
+#   scripts/desk.sh daemon          starts the daemon anew after kill "$(cat "$KVQ_DESK/daemon.pid")"
+#   scripts/desk.sh bus             starts the bus anew, at the same address
+#
+# Nothing of the machine's own bus, daemon or state is touched: the daemon sees a /var/lib of its own, in a mount
+# namespace of its own. That takes root, or a kernel that lets users have user namespaces.
+set -euo pipefail
+
+readonly deadline=150 # tenths of a second
+
+fail() {
+    echo "desk: $*" >&2
+    exit 70
+}
+
+# wait_until WHAT COMMAND...
+wait_until() {
+    local what=$1 tenth
+    shift
+    for ((tenth = 0; tenth < deadline; ++tenth)); do
+        "$@" >/dev/null 2>&1 && return
+        sleep 0.1
+    done
+    fail "$what: nothing after $((deadline / 10)) s; see the logs in $KVQ_DESK"
+}
+
+on_the_daemon() {
+    dbus-send --bus="$DBUS_SYSTEM_BUS_ADDRESS" --print-reply=literal --reply-timeout=5000 --dest=org.ofono "$@"
+}
+
+# start NAME COMMAND...: in the background, its output in NAME.log and its process id in NAME.pid
+start() {
+    local name=$1
+    shift
+    "$@" >>"$KVQ_DESK/$name.log" 2>&1 </dev/null &
+    echo $! >"$KVQ_DESK/$name.pid"
+}
+
+# Ends what a pid file names, gently first.
+end() {
+    local pid tenth
+    pid=$(cat "$KVQ_DESK/$1.pid" 2>/dev/null) || return 0
+    kill "$pid" 2>/dev/null || return 0
+    for ((tenth = 0; tenth < 30; ++tenth)); do
+        kill -0 "$pid" 2>/dev/null || return 0
+        sleep 0.1
+    done
+    kill -KILL "$pid" 2>/dev/null || true
+}
+
+start_bus() {
+    cat >"$KVQ_DESK/bus.conf" <<EOF
+<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
+ "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
+<busconfig>
+  <type>system</type>
+  <listen>unix:path=$KVQ_DESK/bus</listen>
+  <auth>EXTERNAL</auth>
+  <policy context="default">
+    <allow user="*"/>
+    <allow own="*"/>
+    <allow send_destination="*"/>
+    <allow receive_sender="*"/>
+  </policy>
+</busconfig>
+EOF
+    rm -f "$KVQ_DESK/bus"
+    start bus dbus-daemon --config-file="$KVQ_DESK/bus.conf" --nofork --nopidfile
+    wait_until "the bus" test -S "$KVQ_DESK/bus"
+}
+
+start_modem() {
+    start modem "$KVQ_MODEM_PROGRAM" --port 0 --no-prompt --control "$KVQ_DESK/modem.control" \
+        ${modem_script:+--script "$modem_script"}
+    wait_until "the modem" grep -q '^port ' "$KVQ_DESK/modem.log"
+    printf '[phone]\nAddress=127.0.0.1\nPort=%s\n' "$(sed -n 's/^port //p' "$KVQ_DESK/modem.log")" \
+        >"$KVQ_DESK/daemon.conf"
+}
+
+start_daemon() {
+    local apart=(unshare --mount)
+    ((EUID == 0)) || apart=(unshare --user --map-current-user --keep-caps --mount)
+    mkdir -p "$KVQ_DESK/lib/ofono"
+    export OFONO_PHONESIM_CONFIG=$KVQ_DESK/daemon.conf OFONO_AT_DEBUG=1
+    # shellcheck disable=SC2016 # the inner shell expands these
+    start daemon "${apart[@]}" sh -c 'mount --bind "$1" /var/lib && exec "$2" -n -d "plugins/*:src/modem.c"' \
+        desk "$KVQ_DESK/lib" "$(PATH=$PATH:/usr/sbin command -v ofonod)"
+    wait_until "the daemon" modem_is_there
+}
+
+modem_is_there() {
+    kill -0 "$(cat "$KVQ_DESK/daemon.pid")" || exit 70
+    on_the_daemon / org.ofono.Manager.GetModems | grep -q /phone
+}
+
+go_online() {
+    on_the_daemon /phone org.ofono.Modem.SetProperty string:Powered variant:boolean:true >/dev/null
+    wait_until "the card" has_interface org.ofono.SimManager
+    on_the_daemon /phone org.ofono.Modem.SetProperty string:Online variant:boolean:true >/dev/null
+    wait_until "the call settings" has_interface org.ofono.CallSettings
+    wait_until "the registration" is_registered
+}
+
+has_interface() {
+    on_the_daemon /phone org.ofono.Modem.GetProperties | grep -q "$1"
+}
+
+is_registered() {
+    on_the_daemon /phone org.ofono.NetworkRegistration.GetProperties | grep -Eq 'registered|roaming'
+}
+
+run() {
+    local online=false modem_script=""
+    while [[ ${1-} == --* && $1 != -- ]]; do
+        case $1 in
+        --online) online=true ;;
+        --modem) KVQ_MODEM_PROGRAM=$2 && shift ;;
+        --script) modem_script=$2 && shift ;;
+        *) fail "unknown option $1" ;;
+        esac
+        shift
+    done
+    [[ ${1-} == -- && $# -ge 2 ]] || fail "usage: scripts/desk.sh run [OPTION...] -- COMMAND..."
+    shift
+    if [[ -z ${KVQ_MODEM_PROGRAM-} ]]; then
+        KVQ_MODEM_PROGRAM=$(ls -t "$(dirname "$0")"/../build/*/modem/kvq-modem 2>/dev/null | head -n 1)
+    fi
+    [[ -x $KVQ_MODEM_PROGRAM ]] || fail "there is no kvq-modem: name it with --modem"
+    local program
+    for program in dbus-daemon dbus-send unshare ofonod; do
+        PATH=$PATH:/usr/sbin command -v $program >/dev/null || fail "$program is missing"
+    done
+    KVQ_DESK=$(mktemp -d "${TMPDIR:-/tmp}/kvq-desk.XXXXXX")
+    export KVQ_DESK KVQ_MODEM_PROGRAM DBUS_SYSTEM_BUS_ADDRESS=unix:path=$KVQ_DESK/bus
+    trap clear_away EXIT
+    trap 'exit 130' INT
+    trap 'exit 143' TERM HUP
+    start_bus
+    start_modem
+    start_daemon
+    ! $online || go_online
+    local status=0
+    "$@" || status=$?
+    exit "$status"
+}
+
+clear_away() {
+    local name
+    for name in daemon modem bus; do
+        end $name
+    done
+    rm -rf "$KVQ_DESK"
+}
+
+command=${1-}
+shift || true
+case $command in
+run) run "$@" ;;
+tell) exec "$KVQ_MODEM_PROGRAM" --tell "$KVQ_DESK/modem.control" "$@" ;;
+online) go_online ;;
+daemon) start_daemon ;;
+bus) start_bus ;;
+*) fail "usage: scripts/desk.sh run|tell|online|daemon|bus; its head says more" ;;
+esac
