@@ -115,7 +115,7 @@ bool remoteAnswers(Modem &modem, unsigned char callId)
 
 bool remoteHangsUp(Modem &modem, unsigned char callId)
 {
-    if (Simulator::dropCalls(modem.phone.calls, callId, TAPI_VOICE_DROP_ONE) != TAPI_RESULT_SUCC)
+    if (!Simulator::remoteHangsUp(modem.phone.calls, callId))
         return false;
     forgetEndedCalls(modem);
     modem.tell("NO CARRIER");

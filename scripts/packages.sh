@@ -40,3 +40,5 @@ build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsqlite3-dev lib
     libsystemd-dev)
 test_packages=(git libgtest-dev libgmock-dev qtbase5-dev clang-14 libclang-rt-14-dev clang-format-14 valgrind
     abigail-tools binutils dpkg-dev file ofono dbus)
+# The telephony daemon and its bus, for what runs on the desk.
+desk_packages=(ofono dbus util-linux)

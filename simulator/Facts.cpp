@@ -1,6 +1,8 @@
 // The simulated phone's state in words, a subject a line.
 #include "Facts.h"
 
+#include "Calls.h"
+
 #include <algorithm>
 
 namespace Simulator {
@@ -120,7 +122,7 @@ std::vector<SimulatedPhoneControl::Fact> facts(const SimulatedPhone &phone)
     // What other programs read of the shared state; negative and 0 mean that nothing is known.
     constexpr std::array pinStates = {"rejected", "rejected for good", "accepted"};
     constexpr std::array forwardedLines = {"none", "line 1", "line 2", "both lines"};
-    add("programs see: incoming call", shared.incomingCall != 0 ? "yes" : "no");
+    add("programs see: incoming call", shared.incomingCall != 0 || isRinging(state.calls) ? "yes" : "no");
     add("programs see: line", number(shared.phoneLine + 1));
     add("programs see: forwarded", word(forwardedLines, static_cast<std::size_t>(shared.cphsForwarding)));
     add("programs see: last PIN",

@@ -23,9 +23,7 @@ bool SimulatedPhone::remoteAnswers(unsigned char callId)
 
 bool SimulatedPhone::remoteHangsUp(unsigned char callId)
 {
-    const bool found = findCall(m_state.calls, callId) != nullptr;
-    removeCall(m_state, callId);
-    return found;
+    return Simulator::remoteHangsUp(m_state.calls, callId);
 }
 
 _TAPI_RESULT_E TAPI_VOICE_MakeCall(signed char option, unsigned char *dialString, unsigned char *callId)

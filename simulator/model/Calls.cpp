@@ -245,6 +245,11 @@ bool remoteAnswers(CallState &calls, unsigned char callId)
         == TAPI_RESULT_SUCC;
 }
 
+bool remoteHangsUp(CallState &calls, unsigned char callId)
+{
+    return dropCalls(calls, callId, TAPI_VOICE_DROP_ONE) == TAPI_RESULT_SUCC;
+}
+
 bool startPushToTalk(CallState &calls, unsigned char callId, bool audioBufferComplete)
 {
     if (callId == 0 || callId == noPushToTalkCall || findCall(calls, callId))

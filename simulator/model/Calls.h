@@ -58,6 +58,8 @@ void sendTone(CallState &calls, char key);
 unsigned char ring(CallState &calls, const std::string &number);
 /** The other side answers a call that was dialled. */
 bool remoteAnswers(CallState &calls, unsigned char callId);
+/** The other side hangs up, or gives up calling. */
+bool remoteHangsUp(CallState &calls, unsigned char callId);
 /** A push-to-talk call begins to play. False when there is no room for it or its id is a voice call's. */
 bool startPushToTalk(CallState &calls, unsigned char callId, bool audioBufferComplete);
 /** @} */
