@@ -119,7 +119,7 @@ private:
         m_connected = result == TAPI_RESULT_SUCC;
         m_lastAttempt.start();
         QMetaObject::invokeMethod(
-            &m_worker, [this, result] { m_worker.setConnection(result); }, Qt::QueuedConnection);
+            &m_worker, [&worker = m_worker, result] { worker.setConnection(result); }, Qt::QueuedConnection);
     }
 
     static constexpr qint64 pauseInMs = std::chrono::milliseconds(reconnectPause).count();

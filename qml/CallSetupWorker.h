@@ -56,8 +56,8 @@ public:
         using Result = std::invoke_result_t<Job &, Engine &>;
         const auto promise = std::make_shared<QPromise<Result>>();
         const QFuture<Result> future = promise->future();
+        promise->start(); // or nobody could wait for the result
         enqueue([promise, job = std::move(job)](Engine &engine) mutable {
-            promise->start();
             if (!promise->isCanceled()) {
                 if constexpr (std::is_void_v<Result>)
                     job(engine);

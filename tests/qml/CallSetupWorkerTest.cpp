@@ -1,0 +1,208 @@
+// The worker as a C++ application uses it.
+#include "CallSetupWorker.h"
+#include "LogModule.h"
+#include "SimulatedPhone.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QThread>
+
+#include <gtest/gtest.h>
+
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+
+using Kvq::CallSetupWorker;
+using Kvq::Engine;
+
+namespace {
+
+/** Keeps the worker busy until it is opened. */
+class Gate {
+public:
+    void pass()
+    {
+        std::unique_lock lock(m_mutex);
+        m_change.wait(lock, [this] { return m_open; });
+    }
+    void open()
+    {
+        const std::lock_guard lock(m_mutex);
+        m_open = true;
+        m_change.notify_all();
+    }
+
+private:
+    std::mutex m_mutex;
+    std::condition_variable m_change;
+    bool m_open = false;
+};
+
+class CallSetupWorkerTest : public testing::Test {
+protected:
+    CallSetupWorkerTest()
+    {
+        libaplog_to_module_ptr = std::fopen("/dev/null", "w");
+        SimulatedPhone::instance().reset();
+        SimulatedPhone::instance().settings().limitPages(0);
+        SimulatedPhone::instance().settings().setFile(m_directory.filePath(QStringLiteral("settings.db")));
+    }
+    ~CallSetupWorkerTest() override
+    {
+        worker.stop();
+        std::fclose(std::exchange(libaplog_to_module_ptr, nullptr));
+    }
+
+    template <typename Condition>
+    static bool happens(Condition condition)
+    {
+        QElapsedTimer timer;
+        timer.start();
+        while (!condition()) {
+            if (timer.hasExpired(5000))
+                return false;
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+        }
+        return true;
+    }
+
+    CallSetupWorker &worker = CallSetupWorker::instance();
+    QTemporaryDir m_directory;
+};
+
+} // namespace
+
+TEST_F(CallSetupWorkerTest, RequestsRunInOrderOnOneThreadThatOwnsTheEngine)
+{
+    std::vector<int> order;
+    std::vector<QFuture<QThread *>> futures;
+    for (int number = 0; number < 20; ++number) {
+        futures.push_back(worker.run([&order, number](Engine &engine) {
+            order.push_back(number);
+            EXPECT_EQ(engine.setup.thread(), QThread::currentThread());
+            EXPECT_EQ(engine.network.thread(), QThread::currentThread());
+            return QThread::currentThread();
+        }));
+    }
+    for (QFuture<QThread *> &future : futures) {
+        EXPECT_EQ(future.result(), futures.front().result());
+        EXPECT_NE(future.result(), QThread::currentThread());
+    }
+    EXPECT_TRUE(std::is_sorted(order.begin(), order.end()));
+    EXPECT_EQ(order.size(), 20u);
+
+    EXPECT_TRUE(worker.stop());
+    EXPECT_EQ(PHONE_ENG_Setup::m_pInstance, nullptr);
+    EXPECT_EQ(PHONE_ENG_NtInterface::m_pInstance, nullptr);
+    EXPECT_TRUE(worker.run([](Engine &engine) { return engine.setup.isReminder(); }).result());
+}
+
+TEST_F(CallSetupWorkerTest, EachThreadsRequestsKeepTheirOrder)
+{
+    std::vector<std::vector<int>> orders(4);
+    std::vector<std::thread> threads;
+    for (std::vector<int> &order : orders) {
+        threads.emplace_back([&] {
+            for (int number = 0; number < 200; ++number)
+                worker.run([&order, number](Engine &) { order.push_back(number); });
+        });
+    }
+    for (std::thread &thread : threads)
+        thread.join();
+    worker.run([](Engine &) {}).waitForFinished();
+    for (const std::vector<int> &order : orders) {
+        EXPECT_EQ(order.size(), 200u);
+        EXPECT_TRUE(std::is_sorted(order.begin(), order.end()));
+    }
+    EXPECT_TRUE(happens([this] { return worker.requestsInFlight() == 0; }));
+}
+
+TEST_F(CallSetupWorkerTest, ACancelledRequestNeverRuns)
+{
+    Gate gate;
+    bool ran = false;
+    const QFuture<void> busy = worker.run([&](Engine &) { gate.pass(); });
+    QFuture<bool> waiting = worker.run([&](Engine &) { return ran = true; });
+    const QFuture<bool> after = worker.run([](Engine &) { return true; });
+    EXPECT_EQ(worker.requestsInFlight(), 3);
+    waiting.cancel();
+    gate.open();
+    EXPECT_TRUE(after.result());
+    EXPECT_TRUE(waiting.isCanceled());
+    EXPECT_EQ(waiting.resultCount(), 0);
+    EXPECT_FALSE(ran);
+    EXPECT_FALSE(busy.isCanceled());
+}
+
+TEST_F(CallSetupWorkerTest, SignalsComeToTheApplicationsThread)
+{
+    QThread *heardOn = nullptr;
+    QObject context;
+    QObject::connect(&worker, &CallSetupWorker::flashFull, &context,
+                     [&] { heardOn = QThread::currentThread(); });
+    worker
+        .run([](Engine &engine) {
+            SimulatedPhone::instance().script("SETUP_SET_Manager::setSettingInfo", {0, {}, ENOSPC, 1});
+            return engine.setup.setRoamAlert(true);
+        })
+        .waitForFinished();
+    EXPECT_TRUE(happens([&] { return heardOn != nullptr; }));
+    EXPECT_EQ(heardOn, QCoreApplication::instance()->thread());
+}
+
+TEST_F(CallSetupWorkerTest, TheSessionIsOpenedFirstAndAgainWhenAsked)
+{
+    SimulatedPhone::instance().script("TAPI_CLIENT_Init", {TAPI_RESULT_SERVICE_DOWN, {}, 0, 1});
+    int changes = 0;
+    QObject context;
+    QObject::connect(&worker, &CallSetupWorker::connectionChanged, &context, [&] { ++changes; });
+    worker.run([](Engine &) {});
+    EXPECT_TRUE(happens([&] { return changes == 1; }));
+    EXPECT_FALSE(worker.isConnected());
+    EXPECT_EQ(worker.connectionResult(), TAPI_RESULT_SERVICE_DOWN);
+    worker.run([](Engine &) {}).waitForFinished(); // too soon to try again
+    QCoreApplication::processEvents();
+    EXPECT_EQ(changes, 1);
+    worker.connectTelephony();
+    EXPECT_TRUE(happens([&] { return worker.isConnected(); }));
+}
+
+TEST_F(CallSetupWorkerTest, LeavingCarriesOutWhatWasAsked)
+{
+    Gate gate;
+    worker.run([&](Engine &) { gate.pass(); });
+    const QFuture<bool> write = worker.run([](Engine &engine) { return engine.setup.setRoamAlert(true); });
+    std::thread opener([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        gate.open();
+    });
+    EXPECT_TRUE(worker.stop());
+    opener.join();
+    EXPECT_TRUE(write.isFinished());
+    EXPECT_TRUE(write.result());
+}
+
+// A program of its own: what happens at its very end is looked at from outside.
+TEST_F(CallSetupWorkerTest, ARequestThatHangsDoesNotKeepTheApplication)
+{
+    struct Case {
+        const char *kind;
+        int exitCode;
+        QByteArray output;
+    };
+    for (const Case &expected :
+         {Case{"quick", 7, "stored\nstatic object gone\n"}, Case{"hanging", 7, "stored\n"}}) {
+        QProcess program;
+        QElapsedTimer timer;
+        timer.start();
+        program.start(QStringLiteral(KVQ_LEAVING_PROGRAM), {QString::fromLatin1(expected.kind)});
+        ASSERT_TRUE(program.waitForFinished(20000)) << expected.kind;
+        EXPECT_EQ(program.exitStatus(), QProcess::NormalExit) << expected.kind;
+        EXPECT_EQ(program.exitCode(), expected.exitCode) << expected.kind;
+        EXPECT_EQ(program.readAllStandardOutput(), expected.output) << expected.kind;
+        EXPECT_LT(timer.elapsed(), 8000) << expected.kind;
+    }
+}

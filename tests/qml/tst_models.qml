@@ -1,0 +1,191 @@
+// Models: changes show at once, and afterwards what the phone has.
+import QtQuick
+import QtTest
+import Kvq.CallSetup
+
+TestCase {
+    id: test
+    name: "Models"
+
+    PreferredNetworks { id: preferred; autoRefresh: false }
+    SpeedDial { id: speedDial; autoRefresh: false }
+    OwnNumbers { id: numbers; autoRefresh: false }
+    UsimAccounts { id: accounts; autoRefresh: false }
+    NetworkSelection { id: networks; autoRefresh: false }
+    DeviceIdentity { id: identity; autoRefresh: false }
+    Lines { id: lines; autoRefresh: false }
+    CallerId { id: callerId; autoRefresh: false }
+    Component { id: featuresComponent; Features { } }
+
+    Instantiator {
+        id: rows
+        delegate: QtObject {
+            required property var model
+        }
+    }
+
+    SignalSpy { id: moved; target: preferred; signalName: "rowsMoved" }
+    SignalSpy { id: reset; target: preferred; signalName: "modelReset" }
+
+    function column(model, role) {
+        rows.model = model
+        const values = []
+        for (let row = 0; row < rows.count; ++row)
+            values.push(rows.objectAt(row).model[role])
+        rows.model = 0
+        return values
+    }
+
+    function load(item) {
+        item.refresh()
+        tryCompare(item, "busy", false)
+    }
+
+    function init() {
+        desk.reset()
+    }
+
+    function test_preferredNetworks_data() {
+        return [{ tag: "add", change: () => preferred.add("26202"), result: ["00101", "00102", "00103", "26202"] },
+                { tag: "insert", change: () => preferred.insert(1, "26202"),
+                  result: ["00101", "26202", "00102", "00103"] },
+                { tag: "move down", change: () => preferred.move(0, 2), result: ["00102", "00103", "00101"] },
+                { tag: "move up", change: () => preferred.move(2, 0), result: ["00103", "00101", "00102"] },
+                { tag: "remove first", change: () => preferred.remove(0), result: ["00102", "00103"] },
+                { tag: "remove none", change: () => preferred.remove(9), result: ["00101", "00102", "00103"] },
+                { tag: "clear", change: () => preferred.clear(), result: [] }]
+    }
+
+    function test_preferredNetworks(data) {
+        desk.preferNetworks(["00101", "00102", "00103"])
+        load(preferred)
+        compare(preferred.capacity, 20)
+        reset.clear()
+        const request = data.change()
+        compare(column(preferred, "networkId"), data.result) // at once
+        tryCompare(request, "state", CallSetup.Ready)
+        compare(column(preferred, "networkId"), data.result)
+        load(preferred)
+        compare(column(preferred, "networkId"), data.result) // and on the SIM
+        compare(reset.count, 0) // views keep their place
+    }
+
+    function test_aMoveIsAMove() {
+        desk.preferNetworks(["00101", "00102", "00103"])
+        load(preferred)
+        moved.clear()
+        preferred.move(2, 0)
+        compare(moved.count, 1)
+        preferred.move(0, 1) // before the first one is answered
+        compare(column(preferred, "networkId"), ["00101", "00103", "00102"])
+        tryCompare(preferred, "busy", false)
+        compare(column(preferred, "networkId"), ["00101", "00103", "00102"])
+    }
+
+    function test_aFailedChangeIsTakenBack_data() {
+        return [{ tag: "add", change: () => preferred.add("26202"), failing: "TAPI_NETWORK_SetPreferredOperator" },
+                { tag: "move", change: () => preferred.move(0, 2), failing: "TAPI_NETWORK_SetPreferredOperator" },
+                { tag: "remove", change: () => preferred.remove(0), failing: "TAPI_NETWORK_DeleteSelectedOperator" }]
+    }
+
+    function test_aFailedChangeIsTakenBack(data) {
+        desk.preferNetworks(["00101", "00102", "00103"])
+        load(preferred)
+        desk.answer(data.failing, 0x8000, 1)
+        const request = data.change()
+        tryCompare(request, "state", CallSetup.Failed)
+        compare(preferred.state, CallSetup.Failed)
+        compare(column(preferred, "networkId"), ["00101", "00102", "00103"])
+        load(preferred)
+        compare(column(preferred, "networkId"), ["00101", "00102", "00103"])
+    }
+
+    function test_speedDial() {
+        load(speedDial)
+        compare(speedDial.count, 9)
+        compare(column(speedDial, "slot"), [1, 2, 3, 4, 5, 6, 7, 8, 9])
+        speedDial.setNumber(2, "123@office")
+        compare(column(speedDial, "dialled")[1], "123")
+        tryCompare(speedDial, "busy", false)
+        load(speedDial)
+        compare(column(speedDial, "number")[1], "123@office")
+        compare(column(speedDial, "dialled")[1], "123")
+        compare(column(speedDial, "location")[1], 2)
+
+        desk.answer("SETUP_SET_Manager::setSettingInfo", 0, 1, 28)
+        const request = speedDial.setNumber(2, "456")
+        compare(column(speedDial, "number")[1], "456")
+        tryCompare(request, "result", CallSetup.DiskFull)
+        compare(column(speedDial, "number")[1], "123@office")
+        tryCompare(speedDial.setNumber(10, "1"), "result", CallSetup.InvalidParameter)
+    }
+
+    function test_ownNumbers() {
+        load(numbers)
+        compare(numbers.count, 4)
+        verify(numbers.maxNumberLength > 0)
+        compare(column(numbers, "name"), ["Line 1", "Line 2", "", ""])
+        tryCompare(numbers.setNumber(3, "0123", "Zürich"), "state", CallSetup.Ready)
+        tryCompare(numbers.removeNumber(1), "state", CallSetup.Ready)
+        load(numbers)
+        compare(column(numbers, "name"), ["", "Line 2", "Zürich", ""])
+        compare(column(numbers, "number"), ["", "+491707654321", "0123", ""])
+    }
+
+    function test_whatIsOnlyRead() {
+        for (const item of [accounts, identity, lines, callerId])
+            load(item)
+        compare(column(accounts, "label"), ["Work", "Home"])
+        compare(accounts.activeIndex, 0)
+        compare(identity.imei.value, "350077523237513")
+        compare(identity.dspVersion.value, "DSP-3.1")
+        compare(lines.current.value, 1)
+        lines.current.value = 3
+        tryCompare(lines.current, "result", CallSetup.InvalidParameter)
+        compare(lines.current.value, 1)
+    }
+
+    function test_networkSelection() {
+        load(networks)
+        compare(networks.count, 0)
+        compare(networks.searchMode.value, NetworkSelection.Automatic)
+        const search = networks.search()
+        compare(networks.searching, true)
+        tryCompare(search, "state", CallSetup.Ready)
+        compare(networks.searching, false)
+        compare(column(networks, "networkId"), ["00101", "00102", "00103"])
+        compare(column(networks, "status"),
+                [NetworkSelection.Registered, NetworkSelection.Available, NetworkSelection.Forbidden])
+        compare(column(networks, "home"), [true, false, false])
+        tryCompare(networks.registerOn("00103"), "state", CallSetup.Failed)
+        tryCompare(networks.registerOn("00102"), "state", CallSetup.Ready)
+        compare(column(networks, "status")[1], NetworkSelection.Registered)
+    }
+
+    function test_aWaitingSearchIsCancelled() {
+        desk.hold("TAPI_ACCE_GetImei")
+        identity.refresh()
+        tryVerify(() => desk.isHeld())
+        const search = networks.search()
+        networks.cancelSearch()
+        compare(search.result, CallSetup.Cancelled)
+        compare(networks.searching, false)
+        desk.letGo()
+        tryCompare(CallSetup, "busy", false)
+        compare(desk.calls("TAPI_NETWORK_GetAvailableNetwork"), [])
+    }
+
+    function test_features() {
+        desk.lackFeature(266)
+        desk.answer("TAPI_CS_GetVoiceWaitingStatus", CallSetup.NotSupported)
+        desk.answer("TAPI_CS_GetChargeDisplay", 0x8000) // a failure is no lack
+        const features = createTemporaryObject(featuresComponent, test)
+        compare(features.callWaiting, true) // until it is known
+        tryCompare(features, "ready", true)
+        compare(features.hyphenation, false)
+        compare(features.callWaiting, false)
+        compare(features.callCosts, true)
+        compare(features.forwarding, true)
+        compare(features.usimAccounts, true)
+    }
+}

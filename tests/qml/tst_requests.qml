@@ -1,0 +1,187 @@
+// Requests: calls and PINs.
+import QtQuick
+import QtTest
+import Kvq.CallSetup
+
+TestCase {
+    id: test
+    name: "Requests"
+
+    Calls { id: calls; watching: false; autoRefresh: false }
+    Component { id: watchingComponent; Calls { interval: 50; idleInterval: 50 } }
+    SimPins { id: pins; autoRefresh: false }
+    FixedDialling { id: fixedDialling; autoRefresh: false }
+    CallWaiting { id: waiting; autoRefresh: false }
+
+    SignalSpy { id: added; signalName: "callAdded" }
+    SignalSpy { id: removed; signalName: "callRemoved" }
+    SignalSpy { id: finished; signalName: "finished" }
+
+    function init() {
+        desk.reset()
+        for (const item of [calls, fixedDialling]) {
+            item.refresh()
+            tryCompare(item, "busy", false)
+        }
+    }
+
+    function done(request) {
+        tryVerify(() => !request.busy)
+        tryCompare(calls, "busy", false)
+        return request.result
+    }
+
+    function states() {
+        const result = []
+        for (let row = 0; row < calls.count; ++row)
+            result.push(calls.data(calls.index(row, 0), Qt.UserRole + 2))
+        return result
+    }
+
+    function test_twoCalls() {
+        const dialling = calls.dial("111")
+        finished.target = dialling
+        finished.clear()
+        compare(dialling.busy, true)
+        compare(done(dialling), CallSetup.Success)
+        compare(finished.count, 1)
+        const first = dialling.value
+        compare(states(), [Calls.Dialling])
+        desk.remoteAnswers(first)
+        const second = desk.ring("222")
+        compare(done(calls.answer(second)), CallSetup.Success)
+        compare(states(), [Calls.Held, Calls.Active])
+        compare(calls.canSwap, true)
+        compare(done(calls.swap()), CallSetup.Success)
+        compare(states(), [Calls.Active, Calls.Held])
+        compare(done(calls.join()), CallSetup.Success)
+        compare(calls.canSwap, false)
+        compare(done(calls.split(first)), CallSetup.Success)
+        compare(done(calls.hold(first)), CallSetup.Success)
+        compare(done(calls.hold(99)), CallSetup.InvalidCall)
+        compare(done(calls.hangUp(second)), CallSetup.Success)
+        compare(done(calls.retrieve(first)), CallSetup.Success)
+        compare(states(), [Calls.Active])
+        compare(done(calls.sendTones(first, "12#")), CallSetup.Success)
+        compare(done(calls.pressKey("12")), CallSetup.InvalidParameter)
+        compare(done(calls.transfer(first, "")), CallSetup.NoNumber)
+        compare(done(calls.transfer(first, "333")), CallSetup.Success)
+        compare(calls.count, 0)
+    }
+
+    function test_hangUpFitsTheCall_data() {
+        return [{ tag: "dialled", make: () => { calls.dial("1") }, call: "TAPI_VOICE_CancelCall" },
+                { tag: "ringing", make: () => { desk.ring("1") }, call: "TAPI_VOICE_RejectCall" },
+                { tag: "active", make: () => { desk.ring("1"); calls.answer(1) }, call: "TAPI_VOICE_DropCall" }]
+    }
+
+    function test_hangUpFitsTheCall(data) {
+        data.make()
+        calls.refresh()
+        tryCompare(calls, "busy", false)
+        compare(calls.count, 1)
+        desk.forgetCalls()
+        const request = calls.hangUp(1)
+        tryCompare(request, "state", CallSetup.Ready)
+        compare(desk.calls(data.call).length, 1)
+    }
+
+    function test_noNumber() {
+        compare(done(calls.dial("")), CallSetup.NoNumber)
+        compare(calls.error, CallSetup.resultText(CallSetup.NoNumber))
+    }
+
+    function test_mute() {
+        compare(calls.muted.known, false)
+        calls.muted.value = true
+        tryCompare(calls.muted, "known", true)
+        desk.answer("TAPI_VOICE_MuteCall", 0x8000)
+        calls.muted.value = false
+        tryCompare(calls.muted, "state", CallSetup.Failed)
+        compare(calls.muted.value, true)
+    }
+
+    function test_theCallTableIsWatched() {
+        const watcher = createTemporaryObject(watchingComponent, test)
+        added.target = watcher
+        removed.target = watcher
+        added.clear()
+        removed.clear()
+        const id = desk.ring("0800")
+        tryCompare(added, "count", 1)
+        compare(Array.from(added.signalArguments[0]), [id, "0800", true])
+        desk.endCall(id)
+        tryCompare(removed, "count", 1)
+
+        // Readings do not pile up behind one that takes long.
+        desk.hold("TAPI_CALL_GetAllCallSessions")
+        tryVerify(() => desk.isHeld())
+        wait(300)
+        verify(CallSetup.requestsInFlight <= 1, CallSetup.requestsInFlight)
+        desk.letGo()
+        watcher.watching = false
+        tryCompare(watcher, "busy", false)
+        desk.forgetCalls()
+        wait(150)
+        compare(desk.calls("TAPI_CALL_GetAllCallSessions"), [])
+    }
+
+    function test_aWaitingRequestIsCancelled() {
+        desk.hold("TAPI_CS_GetVoiceWaitingStatus")
+        waiting.refresh()
+        tryVerify(() => desk.isHeld())
+        const request = calls.dial("111")
+        finished.target = request
+        finished.clear()
+        verify(request.cancel())
+        compare(request.state, CallSetup.Failed)
+        compare(request.result, CallSetup.Cancelled)
+        compare(finished.count, 1)
+        compare(request.cancel(), false)
+        desk.letGo()
+        tryCompare(CallSetup, "busy", false)
+        compare(finished.count, 1)
+        compare(desk.calls("TAPI_VOICE_MakeCall"), [])
+    }
+
+    function test_pins_data() {
+        return [{ tag: "right", make: () => pins.verify(SimPins.Pin1, "1234"), result: CallSetup.Success, words: /^$/ },
+                { tag: "wrong", make: () => pins.verify(SimPins.Pin1, "9999"), result: CallSetup.PinRejected,
+                  words: /refused the PIN\.$/ },
+                { tag: "wrong PIN2", make: () => pins.verify(SimPins.Pin2, "9999"), result: CallSetup.PinRejected,
+                  words: /refused the PIN\.$/ },
+                { tag: "change", make: () => pins.change(SimPins.Pin2, "5678", "0000"), result: CallSetup.Success,
+                  words: /^$/ },
+                { tag: "change UPIN", make: () => pins.change(SimPins.Upin, "0000", "1111"), result: CallSetup.PinRejected,
+                  words: /refused/ },
+                { tag: "unblock", make: () => pins.unblock(SimPins.Pin1, "12345678", "1111"),
+                  result: CallSetup.Success, words: /^$/ },
+                { tag: "enable", make: () => pins.enable("1234"), result: CallSetup.Success, words: /^$/ },
+                { tag: "fixed dialling", make: () => fixedDialling.setEnabled(true, "5678"),
+                  result: CallSetup.Success, words: /^$/ },
+                { tag: "fixed dialling, wrong", make: () => fixedDialling.setEnabled(true, "1"),
+                  result: CallSetup.PinRejected, words: /refused/ }]
+    }
+
+    function test_pins(data) {
+        const request = data.make()
+        tryVerify(() => !request.busy)
+        compare(request.result, data.result)
+        verify(data.words.test(request.error), request.error)
+        compare(request.value, undefined)
+        tryCompare(CallSetup, "busy", false)
+        compare(fixedDialling.enabled.value, data.tag === "fixed dialling")
+    }
+
+    function test_theLastTryBlocks() {
+        const results = []
+        for (let attempt = 0; attempt < 3; ++attempt)
+            results.push(pins.verify(SimPins.Pin2, "0"))
+        tryVerify(() => results.every(request => !request.busy))
+        compare(results.map(request => request.result),
+                [CallSetup.PinRejected, CallSetup.PinRejected, CallSetup.PinBlocked])
+        verify(/blocked/.test(results[2].error))
+        tryCompare(pins.pin2Status, "value", SimPins.Blocked)
+        tryCompare(pins, "busy", false)
+    }
+}
