@@ -1,36 +1,27 @@
 // The console: what it keeps, what it shows, and how it takes a mistake.
+#include "Program.h"
+
 #include <QFile>
-#include <QProcess>
+#include <QFileInfo>
 #include <QRegularExpression>
 #include <QSet>
-#include <QTemporaryDir>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 namespace {
 
-struct Output {
-    int status;
-    std::string text;
-    std::string errors;
-};
+using Program::Output;
+using Program::words;
+using testing::HasSubstr;
 
 class ConsoleTest : public testing::Test {
 protected:
     Output run(QStringList arguments, const QByteArray &input = {})
     {
-        QProcess console;
         arguments.prepend(m_directory.filePath(QStringLiteral("settings.db")));
         arguments.prepend(QStringLiteral("--settings"));
-        console.start(QStringLiteral(KVQ_CONSOLE), arguments);
-        console.write(input);
-        console.closeWriteChannel();
-        EXPECT_TRUE(console.waitForFinished());
-        return {console.exitCode(), console.readAllStandardOutput().toStdString(),
-                console.readAllStandardError().toStdString()};
+        return Program::run(QStringLiteral(KVQ_CONSOLE), arguments, input);
     }
-
-    static QStringList words(const char *line) { return QString::fromLatin1(line).split(QLatin1Char(' ')); }
 
     QTemporaryDir m_directory;
 };
@@ -131,6 +122,23 @@ TEST_F(ConsoleTest, TheTourEndsWell)
     EXPECT_EQ(output.status, 0);
     EXPECT_EQ(output.errors, "");
     EXPECT_NE(output.text.find("QCopChannel::send(\"/KVQ/PHONE/SIM\", \"PIN OK\")"), std::string::npos);
+}
+
+/** A platform library without a simulated phone takes the place of the one that is there. */
+TEST_F(ConsoleTest, OperationsWorkOnAnyPlatformLibrary)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("LD_LIBRARY_PATH"),
+                       QFileInfo(QStringLiteral(KVQ_SKELETON)).absolutePath());
+    const Output output = Program::run(QStringLiteral(KVQ_CONSOLE), {},
+                                       "currentLineNo\nsetRoamAlert on\n.ring 5551234\n", environment);
+    EXPECT_EQ(output.text, "line = 1\nresult = 36864 (TAPI_RESULT_NOT_SUPPORTED)\nresult = false\n");
+    EXPECT_THAT(output.errors, HasSubstr(".ring: the simulated phone is not loaded"));
+    EXPECT_EQ(output.status, 2);
+    const Output settings =
+        Program::run(QStringLiteral(KVQ_CONSOLE), words("--settings file isReminder"), {}, environment);
+    EXPECT_EQ(settings.status, 2);
+    EXPECT_THAT(settings.errors, HasSubstr("--settings: the simulated phone is not loaded"));
 }
 
 } // namespace

@@ -1,0 +1,42 @@
+// A program as its user starts it: arguments and input go in, output and exit status come out.
+#pragma once
+
+#include <QByteArray>
+#include <QProcess>
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace Program {
+
+struct Output {
+    int status;
+    std::string text;
+    std::string errors;
+};
+
+inline Output run(const QString &program, const QStringList &arguments, const QByteArray &input = {},
+                  const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment())
+{
+    constexpr int patience = 120'000;
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.start(program, arguments);
+    process.write(input);
+    process.closeWriteChannel();
+    EXPECT_TRUE(process.waitForFinished(patience)) << program.toStdString();
+    EXPECT_EQ(process.exitStatus(), QProcess::NormalExit) << program.toStdString();
+    return {process.exitCode(), process.readAllStandardOutput().toStdString(),
+            process.readAllStandardError().toStdString()};
+}
+
+inline QStringList words(const char *line)
+{
+    return QString::fromLatin1(line).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+} // namespace Program
