@@ -5,6 +5,8 @@
 #include "PHONE_ENG_WrapTapi.h"
 
 #include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -14,6 +16,7 @@
 #include <map>
 
 #include <dlfcn.h>
+#include <link.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -22,7 +25,6 @@ namespace Conformance {
 namespace {
 
 constexpr unsigned int longestCheck = 30; // seconds
-constexpr int noSuchFunction = 127;       // how the loader ends a program
 
 /** The engine's log of a check. */
 std::FILE *logStream = nullptr;
@@ -94,9 +96,27 @@ Outcome runApart(const Check &check)
         return {Outcome::Failed, "no answer within " + std::to_string(longestCheck) + " seconds"};
     if (WIFSIGNALED(status))
         return {Outcome::Failed, std::string("ended by a signal: ") + strsignal(WTERMSIG(status))};
-    if (WEXITSTATUS(status) == noSuchFunction)
-        return {Outcome::Failed, "calls a function that the library lacks"};
     return {Outcome::Failed, "ended the program with status " + std::to_string(WEXITSTATUS(status))};
+}
+
+/** Whether the loader has taken that file for the platform library. */
+bool isInPlace(const char *library)
+{
+    struct Search {
+        QString wanted;
+        bool found = false;
+    } search{QFileInfo(QFile::decodeName(library)).canonicalFilePath()};
+    dl_iterate_phdr(
+        [](dl_phdr_info *loaded, std::size_t, void *data) {
+            auto *const sought = static_cast<Search *>(data);
+            const QFileInfo file(QFile::decodeName(loaded->dlpi_name));
+            sought->found = sought->found || file.canonicalFilePath() == sought->wanted;
+            return 0;
+        },
+        &search);
+    if (!search.found)
+        std::fprintf(stderr, "error: the loader takes another library in place of %s\n", library);
+    return search.found;
 }
 
 int runAll(const std::vector<Check> &checks)
@@ -162,13 +182,15 @@ int main(int argc, char **argv)
         const bool expected = std::strcmp(argv[2], "true") == 0;
         return Conformance::setup().isPrepend() == expected ? 0 : 1;
     }
+    if (argc < 2 || !Conformance::isInPlace(argv[1]))
+        return 2;
     std::vector<Check> checks = Conformance::boundaryChecks();
     const auto add = [&checks](std::vector<Check> more) {
         std::move(more.begin(), more.end(), std::back_inserter(checks));
     };
     add(Conformance::readChecks());
     // What the options mean says kvq-port-check, which has checked them.
-    for (int argument = 1; argument < argc; ++argument) {
+    for (int argument = 2; argument < argc; ++argument) {
         const QString option = QString::fromLocal8Bit(argv[argument]);
         if (option == QLatin1String("--write"))
             add(Conformance::writeChecks());

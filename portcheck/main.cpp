@@ -28,7 +28,7 @@ QString conformanceProgram()
 {
     const QString name = QStringLiteral("kvq-port-conformance");
     const QString here = QCoreApplication::applicationDirPath();
-    for (const QString &folder : {here, here + QStringLiteral("/../libexec"), QStringLiteral(KVQ_LIBEXEC)}) {
+    for (const QString &folder : {here, here + QStringLiteral("/../" KVQ_LIBEXEC "/kvq-port-check")}) {
         const QString program = folder + QLatin1Char('/') + name;
         if (QFileInfo(program).isExecutable())
             return program;
@@ -37,19 +37,15 @@ QString conformanceProgram()
 }
 
 /** Shows what the library defines. False when it cannot do as a platform library. */
-bool showDeclared(const QString &library)
+bool showDeclared(const PortCheck::Findings &findings)
 {
-    const PortCheck::Findings findings = PortCheck::examine(QFile::encodeName(library).constData());
-    if (!findings.error.empty()) {
-        std::printf("FAIL: the library cannot be loaded: %s\n", findings.error.c_str());
-        return false;
-    }
     for (const std::string &name : findings.missing)
         std::printf("missing: %s\n", name.c_str());
     for (const std::string &text : findings.mistakes)
         std::printf("FAIL: %s\n", text.c_str());
     std::printf("%d of %d declared names are there\n\n",
                 findings.declared - static_cast<int>(findings.missing.size()), findings.declared);
+    std::fflush(stdout);
     return findings.missing.empty() && findings.mistakes.empty();
 }
 
@@ -131,9 +127,13 @@ int main(int argc, char **argv)
 
     const QString library = QFileInfo(libraries.first()).absoluteFilePath();
     std::printf("%s\n", qPrintable(library));
-    const bool complete = showDeclared(library);
-    std::fflush(stdout);
-    QStringList arguments;
+    const PortCheck::Findings findings = PortCheck::examine(QFile::encodeName(library).constData());
+    if (!findings.error.empty()) {
+        std::printf("FAIL: the library cannot be loaded: %s\n", findings.error.c_str());
+        return failedStatus;
+    }
+    const bool complete = showDeclared(findings);
+    QStringList arguments = {library};
     if (parser.isSet(write))
         arguments += QStringLiteral("--write");
     if (parser.isSet(calls))
