@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <cstring>
 
+#include <unistd.h>
+
 SettingsAccess::SettingsAccess(SettingsStore &store, unsigned int app, bool commitEachWrite)
     : m_store(store)
     , m_app(app)
@@ -14,6 +16,8 @@ SettingsAccess::SettingsAccess(SettingsStore &store, unsigned int app, bool comm
 
 SettingsAccess::~SettingsAccess()
 {
+    if (isOfParent())
+        return;
     if (m_collection == Collection::Open && !m_store.commit(this))
         std::fprintf(stderr, "settings store: collected writes are lost: %s\n", std::strerror(errno));
     else if (m_collection == Collection::Failed)
@@ -22,14 +26,14 @@ SettingsAccess::~SettingsAccess()
 
 bool SettingsAccess::read(const QString &group, const QString &key, bool &value, bool defaultValue)
 {
-    const auto stored = m_store.readInteger({m_app, group, key}, SettingsStore::Type::Bool);
+    const auto stored = m_store.readInteger({m_app, group, key}, SettingsStore::Type::Bool, collector());
     value = stored ? *stored != 0 : defaultValue;
     return stored.has_value();
 }
 
 bool SettingsAccess::read(const QString &group, const QString &key, int &value, int defaultValue)
 {
-    const auto stored = m_store.readInteger({m_app, group, key}, SettingsStore::Type::Int);
+    const auto stored = m_store.readInteger({m_app, group, key}, SettingsStore::Type::Int, collector());
     value = stored.value_or(defaultValue);
     return stored.has_value();
 }
@@ -37,7 +41,7 @@ bool SettingsAccess::read(const QString &group, const QString &key, int &value, 
 bool SettingsAccess::read(const QString &group, const QString &key, QString &value,
                           const QString &defaultValue)
 {
-    const auto stored = m_store.readText({m_app, group, key});
+    const auto stored = m_store.readText({m_app, group, key}, collector());
     value = stored.value_or(defaultValue);
     return stored.has_value();
 }
@@ -66,7 +70,9 @@ bool SettingsAccess::write(const QString &group, const QString &key, const QStri
 bool SettingsAccess::flush()
 {
     bool flushed = m_collection == Collection::Empty;
-    if (m_collection == Collection::Open)
+    if (isOfParent())
+        errno = EPERM;
+    else if (m_collection == Collection::Open)
         flushed = m_store.commit(this);
     else if (m_collection == Collection::Failed)
         errno = m_failure;
@@ -98,14 +104,29 @@ bool SettingsAccess::write(Store store)
 {
     if (m_commitEachWrite)
         return store(nullptr);
+    if (isOfParent())
+        m_collection = Collection::Empty;
     if (m_collection == Collection::Failed) {
         errno = m_failure;
         return false;
     }
     const bool written = store(this);
-    if (written)
+    if (written) {
         m_collection = Collection::Open;
-    else
+        m_process = getpid();
+    } else {
         refuse();
+    }
     return written;
+}
+
+/** A collection that was open at a fork is the parent's; its child has none. */
+bool SettingsAccess::isOfParent() const
+{
+    return m_collection == Collection::Open && m_process != getpid();
+}
+
+const void *SettingsAccess::collector() const
+{
+    return m_collection == Collection::Open ? this : nullptr;
 }

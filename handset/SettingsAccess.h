@@ -58,10 +58,13 @@ private:
 
     template <typename Store>
     bool write(Store store);
+    bool isOfParent() const;
+    const void *collector() const;
 
     SettingsStore &m_store;
     const unsigned int m_app;
     const bool m_commitEachWrite;
     Collection m_collection = Collection::Empty;
-    int m_failure = 0; ///< errno of the collected write that failed
+    pid_t m_process = 0; ///< that began the collection
+    int m_failure = 0;   ///< errno of the collected write that failed
 };

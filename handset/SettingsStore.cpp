@@ -1,350 +1,405 @@
-// The settings store on SQLite.
+// The settings store: snapshots for readers, drafts for writers.
 #include "SettingsStore.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
 
-#include <array>
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
-#include <filesystem>
-#include <system_error>
+#include <new>
+#include <tuple>
+#include <vector>
 
-#include <sqlite3.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include <pthread.h>
 
 namespace {
 
-constexpr char createTable[] =
-    "CREATE TABLE IF NOT EXISTS settings (app INTEGER NOT NULL, grp TEXT NOT NULL, "
-    "key TEXT NOT NULL, type INTEGER NOT NULL, value NOT NULL, "
-    "PRIMARY KEY (app, grp, key, type)) WITHOUT ROWID";
-constexpr char selectValue[] =
-    "SELECT value FROM settings WHERE app = ? AND grp = ? AND key = ? AND type = ?";
-constexpr char replaceValue[] = "REPLACE INTO settings (app, grp, key, type, value) VALUES (?, ?, ?, ?, ?)";
+constexpr std::size_t bytesOfPage = 4096;
 
-/** @p systemError counts only for the codes that the system caused. */
-int errnoOf(int code, int systemError)
+/** What a value is when it is read again: a text that is no text in UTF-8 is stored as near to it as can be. */
+SettingsImage::Value stored(const SettingsImage::Value &value)
 {
-    switch (code & 0xFF) {
-    case SQLITE_FULL:
-        return ENOSPC;
-    case SQLITE_READONLY:
-        return EROFS;
-    case SQLITE_PERM:
-    case SQLITE_AUTH:
-        return EACCES;
-    case SQLITE_CANTOPEN:
-        return systemError != 0 ? systemError : EACCES;
-    case SQLITE_BUSY:
-    case SQLITE_LOCKED:
-        return EBUSY;
-    case SQLITE_CORRUPT:
-    case SQLITE_NOTADB:
-        return EUCLEAN;
-    case SQLITE_NOMEM:
-        return ENOMEM;
-    case SQLITE_IOERR:
-        return systemError == ENOSPC ? ENOSPC : EIO;
-    default:
-        return EIO;
-    }
-}
-
-/** A file without any write permission is meant to stay as it is, also when root could write it. */
-bool isWriteProtected(const struct stat &status)
-{
-    return (status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0;
-}
-
-void bindText(sqlite3_stmt *statement, int position, const QString &text)
-{
-    const QByteArray utf8 = text.toUtf8();
-    sqlite3_bind_text(statement, position, utf8.constData(), static_cast<int>(utf8.size()), SQLITE_TRANSIENT);
-}
-
-void bindName(sqlite3_stmt *statement, const SettingsStore::Name &name, SettingsStore::Type type)
-{
-    sqlite3_bind_int64(statement, 1, name.app);
-    bindText(statement, 2, name.group);
-    bindText(statement, 3, name.key);
-    sqlite3_bind_int(statement, 4, static_cast<int>(type));
+    if (const auto *const text = std::get_if<QString>(&value))
+        return QString::fromUtf8(text->toUtf8());
+    return value;
 }
 
 } // namespace
 
-void SettingsStore::CloseConnection::operator()(sqlite3 *connection) const
-{
-    sqlite3_close_v2(connection);
-}
+/** All stores of the process, so that a fork finds them in a state that its child can use. */
+struct SettingsStore::Registry {
+    static Registry &instance()
+    {
+        // Never destroyed: a store may be used when the process is already on its way out.
+        static Registry *const registry = new Registry;
+        return *registry;
+    }
 
-void SettingsStore::FinalizeStatement::operator()(sqlite3_stmt *statement) const
-{
-    sqlite3_finalize(statement);
-}
+    std::mutex mutex;
+    std::vector<SettingsStore *> stores;
 
-SettingsStore::SettingsStore() = default;
+private:
+    Registry() { pthread_atfork(prepare, parent, child); }
+
+    static void prepare()
+    {
+        instance().mutex.lock();
+        for (SettingsStore *const store : instance().stores)
+            store->lockForFork();
+    }
+    static void parent()
+    {
+        for (SettingsStore *const store : instance().stores)
+            store->unlockAfterFork();
+        instance().mutex.unlock();
+    }
+    static void child()
+    {
+        for (SettingsStore *const store : instance().stores)
+            store->startAfreshInChild();
+        instance().mutex.unlock();
+    }
+};
+
+SettingsStore::SettingsStore()
+{
+    Registry &registry = Registry::instance();
+    const std::lock_guard lock(registry.mutex);
+    registry.stores.push_back(this);
+}
 
 SettingsStore::~SettingsStore()
 {
-    disconnect();
+    Registry &registry = Registry::instance();
+    const std::lock_guard lock(registry.mutex);
+    registry.stores.erase(std::find(registry.stores.begin(), registry.stores.end(), this));
 }
 
 void SettingsStore::setFile(const QString &path)
 {
-    disconnect();
-    m_file = path;
-    m_damageReported = false;
+    const std::lock_guard lock(m_mutex);
+    m_file = path.isEmpty() ? QString() : QFileInfo(path).absoluteFilePath();
+    m_path.clear();
+    m_snapshot = {};
+    m_reported.clear();
 }
 
 QString SettingsStore::file() const
 {
-    if (!m_file.isEmpty())
-        return m_file;
-    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)
-        + QStringLiteral("/kvq-phone/settings.db");
+    const std::lock_guard lock(m_mutex);
+    return QFile::decodeName(path().c_str());
 }
 
 void SettingsStore::limitPages(int pages)
 {
+    const std::lock_guard lock(m_mutex);
     m_pageLimit = pages;
-    disconnect();
 }
 
 void SettingsStore::setBusyTimeout(int milliseconds)
 {
-    m_busyTimeout = milliseconds;
-    disconnect();
+    const std::lock_guard lock(m_mutex);
+    m_patience = std::chrono::milliseconds(milliseconds);
 }
 
-std::optional<int> SettingsStore::readInteger(const Name &name, Type type)
+std::optional<int> SettingsStore::readInteger(const Name &name, Type type, const void *collector)
 {
-    sqlite3_stmt *const statement = readStatement(name, type);
-    if (!statement)
-        return std::nullopt;
-    std::optional<int> value;
-    const int code = sqlite3_step(statement);
-    if (code == SQLITE_ROW)
-        value = sqlite3_column_int(statement, 0);
-    else if (code != SQLITE_DONE)
-        noteFailure();
-    sqlite3_reset(statement);
-    return value;
+    const auto value = read({name.app, name.group, name.key, type}, collector);
+    return value ? std::optional(std::get<int>(*value)) : std::nullopt;
 }
 
-std::optional<QString> SettingsStore::readText(const Name &name)
+std::optional<QString> SettingsStore::readText(const Name &name, const void *collector)
 {
-    sqlite3_stmt *const statement = readStatement(name, Type::Text);
-    if (!statement)
-        return std::nullopt;
-    std::optional<QString> value;
-    const int code = sqlite3_step(statement);
-    if (code == SQLITE_ROW)
-        value = QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(statement, 0)),
-                                  sqlite3_column_bytes(statement, 0));
-    else if (code != SQLITE_DONE)
-        noteFailure();
-    sqlite3_reset(statement);
-    return value;
+    const auto value = read({name.app, name.group, name.key, Type::Text}, collector);
+    return value ? std::optional(std::get<QString>(*value)) : std::nullopt;
 }
 
 bool SettingsStore::writeInteger(const Name &name, Type type, int value, const void *collector)
 {
-    sqlite3_stmt *const statement = writeStatement(name, type, collector);
-    if (!statement)
-        return false;
-    sqlite3_bind_int(statement, 5, value);
-    return finishWrite();
+    return write({name.app, name.group, name.key, type}, value, collector);
 }
 
 bool SettingsStore::writeText(const Name &name, const QString &value, const void *collector)
 {
-    sqlite3_stmt *const statement = writeStatement(name, Type::Text, collector);
-    if (!statement)
-        return false;
-    bindText(statement, 5, value);
-    return finishWrite();
+    return write({name.app, name.group, name.key, Type::Text}, value, collector);
 }
 
 bool SettingsStore::commit(const void *collector)
 {
-    if (m_collector != collector) {
-        errno = EIO; // the file was replaced under the collection
-        return false;
+    {
+        const std::lock_guard lock(m_claimMutex);
+        if (!m_draft || m_owner != collector) {
+            errno = EPERM; // begun in the process that this one was forked from, or ended by a failed write
+            return false;
+        }
     }
-    if (execute("COMMIT")) {
-        m_collector = nullptr;
-        return true;
-    }
-    const int reason = errno;
-    rollback(collector);
-    errno = reason;
-    return false;
+    const Fault fault = publish();
+    release();
+    return answer(fault);
 }
 
 void SettingsStore::rollback(const void *collector)
 {
-    if (!m_collector || m_collector != collector)
-        return;
-    m_collector = nullptr;
-    // A failed statement may have ended the transaction already.
-    if (m_connection && sqlite3_get_autocommit(m_connection.get()) == 0)
-        execute("ROLLBACK");
+    {
+        const std::lock_guard lock(m_claimMutex);
+        if (!m_draft || m_owner != collector)
+            return;
+    }
+    release();
 }
 
-/** Makes sure that the connection is to the file that stands under the path now. */
-bool SettingsStore::connect(bool forWriting)
+std::optional<SettingsStore::Value> SettingsStore::read(const SettingsImage::Key &key, const void *collector)
 {
-    if (m_process != getpid())
-        disconnect();
-    const QByteArray path = QFile::encodeName(file());
-    struct stat status = {};
-    const bool exists = stat(path.constData(), &status) == 0;
-    const bool readOnly = exists && isWriteProtected(status);
-    if (m_connection && exists && status.st_dev == m_device && status.st_ino == m_inode
-        && readOnly == m_readOnly)
+    const auto find = [&key](const Values &values) -> std::optional<Value> {
+        const auto found = values.find(key);
+        return found == values.end() ? std::nullopt : std::optional(found->second);
+    };
+    if (collector) {
+        const std::lock_guard lock(m_claimMutex);
+        if (m_draft && m_owner == collector)
+            return find(m_draft->values);
+    }
+    const std::lock_guard lock(m_mutex);
+    return find(present().values);
+}
+
+bool SettingsStore::write(const SettingsImage::Key &key, const Value &value, const void *collector)
+{
+    // A write by itself is a collection of one.
+    const void *const owner = collector ? collector : &key;
+    if (!claim(owner))
+        return answer({EBUSY, "is kept by a collection of this process, so a value was not stored"});
+    Fault fault = m_draft ? Fault() : begin();
+    if (!fault)
+        fault = put(key, value);
+    if (!fault && !collector)
+        fault = publish();
+    if (fault || !collector)
+        release();
+    return answer(fault);
+}
+
+/** The version that stands under the path now. */
+const SettingsStore::Snapshot &SettingsStore::present()
+{
+    SettingsFile::Version version;
+    if (const Fault fault = SettingsFile::look(path(), version)) {
+        m_snapshot = {};
+        m_snapshot.fault = fault;
+        report(fault, "reads give defaults");
+    } else if (!m_snapshot.known || !(version == m_snapshot.content.version)) {
+        load(version);
+    }
+    return m_snapshot;
+}
+
+void SettingsStore::load(const SettingsFile::Version &version)
+{
+    Values last = std::move(m_snapshot.values);
+    m_snapshot = {}; // its descriptor may be the one that this process lacks
+    if (version.inode != 0)
+        m_snapshot.fault = SettingsFile::read(path(), m_snapshot.content);
+    if (!m_snapshot.fault)
+        m_snapshot.fault = SettingsImage::read(m_snapshot.content.image, m_snapshot.values);
+    const int error = m_snapshot.fault.error;
+    // What was read once is worth more than a default while somebody writes the file in place.
+    if (error == EBUSY)
+        m_snapshot.values = std::move(last);
+    // The same content is the same tomorrow; a disk that failed is asked again.
+    m_snapshot.known =
+        m_snapshot.content.standsAlone && (error == 0 || error == EUCLEAN || error == EMEDIUMTYPE);
+    if (error != 0)
+        report(m_snapshot.fault,
+               error == EBUSY ? "reads give what was read before"
+                              : "reads give defaults, nothing is written");
+}
+
+const std::string &SettingsStore::path() const
+{
+    if (m_path.empty()) {
+        const QString file = !m_file.isEmpty()
+            ? m_file
+            : QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)
+                + QStringLiteral("/kvq-phone/settings.db");
+        m_path = QFile::encodeName(file).toStdString();
+    }
+    return m_path;
+}
+
+/** Takes the right to write within this process. Nobody waits for a collection of his own thread. */
+bool SettingsStore::claim(const void *owner)
+{
+    std::chrono::milliseconds patience{};
+    {
+        const std::lock_guard lock(m_mutex);
+        patience = m_patience;
+    }
+    std::unique_lock lock(m_claimMutex);
+    if (m_owner && m_owner == owner)
         return true;
-    if (m_connection) {
-        const bool collecting = m_collector != nullptr;
-        disconnect();
-        m_damageReported = false;
-        if (collecting) {
-            errno = EIO; // what was collected went with the file
-            return false;
-        }
-    }
-    if (!exists) {
-        if (!forWriting)
-            return false;
-        std::error_code failure;
-        std::filesystem::create_directories(QFile::encodeName(QFileInfo(file()).absolutePath()).toStdString(),
-                                            failure);
-        if (failure) {
-            errno = failure.value();
-            return false;
-        }
-    }
-    m_readOnly = readOnly;
-    const int mode = readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
-    sqlite3 *connection = nullptr;
-    const int code = sqlite3_open_v2(path.constData(), &connection, mode, nullptr);
-    m_connection.reset(connection);
-    if (code != SQLITE_OK) {
-        noteFailure();
-        const int reason = errno;
-        m_connection.reset();
-        errno = reason;
+    if (m_owner && m_ownerThread == std::this_thread::get_id())
         return false;
-    }
-    sqlite3_busy_timeout(connection, m_busyTimeout);
-    execute("PRAGMA synchronous = EXTRA"); // the directory too, or a journal may come back after a power cut
-    if (m_pageLimit > 0) {
-        const QByteArray limit = "PRAGMA max_page_count = " + QByteArray::number(m_pageLimit);
-        execute(limit.constData());
-    }
-    if (stat(path.constData(), &status) == 0) {
-        m_device = status.st_dev;
-        m_inode = status.st_ino;
-    }
+    if (!m_claimEnded.wait_for(lock, patience, [this] { return !m_owner; }))
+        return false;
+    m_owner = owner;
+    m_ownerThread = std::this_thread::get_id();
     return true;
 }
 
-void SettingsStore::disconnect()
+/** Ends the draft, whether it was published or not, and everything that it held. */
+void SettingsStore::release()
 {
-    if (m_process != getpid()) {
-        // A connection must not be used, nor closed, in a forked child: its locks are the parent's.
-        static std::array<void *, 3> abandoned = {};
-        abandoned = {m_read.release(), m_write.release(), m_connection.release()};
-        m_process = getpid();
-    }
-    m_read.reset();
-    m_write.reset();
-    m_connection.reset();
-    m_collector = nullptr;
-}
-
-sqlite3_stmt *SettingsStore::readStatement(const Name &name, Type type)
-{
-    if (!connect(false))
-        return nullptr;
-    if (!m_read) {
-        sqlite3_stmt *statement = nullptr;
-        const int code = sqlite3_prepare_v2(m_connection.get(), selectValue, -1, &statement, nullptr);
-        if (code != SQLITE_OK) {
-            // SQLITE_ERROR: the table is not there yet, so nothing is stored.
-            if (code != SQLITE_ERROR)
-                noteFailure();
-            return nullptr;
-        }
-        m_read.reset(statement);
-    }
-    bindName(m_read.get(), name, type);
-    return m_read.get();
-}
-
-sqlite3_stmt *SettingsStore::writeStatement(const Name &name, Type type, const void *collector)
-{
-    if (m_collector && m_collector != collector && m_process == getpid()) {
-        errno = EBUSY; // another object's collection holds the store
-        return nullptr;
-    }
-    if (!connect(true))
-        return nullptr;
-    if (m_damageReported) {
-        errno = EUCLEAN;
-        return nullptr;
-    }
-    if (!m_write) {
-        if (!execute(createTable))
-            return nullptr;
-        sqlite3_stmt *statement = nullptr;
-        if (sqlite3_prepare_v2(m_connection.get(), replaceValue, -1, &statement, nullptr) != SQLITE_OK) {
-            noteFailure();
-            return nullptr;
-        }
-        m_write.reset(statement);
-    }
-    if (collector && !m_collector) {
-        if (!execute("BEGIN IMMEDIATE"))
-            return nullptr;
-        m_collector = collector;
-    }
-    bindName(m_write.get(), name, type);
-    return m_write.get();
-}
-
-bool SettingsStore::finishWrite()
-{
-    const bool written = sqlite3_step(m_write.get()) == SQLITE_DONE;
-    if (!written)
-        noteFailure();
     const int reason = errno;
-    sqlite3_reset(m_write.get());
-    if (!written)
-        m_write.reset(); // the next write looks for its table again
+    {
+        const std::lock_guard lock(m_claimMutex);
+        m_draft.reset();
+        m_owner = nullptr;
+    }
+    m_claimEnded.notify_one();
     errno = reason;
-    return written;
 }
 
-bool SettingsStore::execute(const char *sql)
+/** Begins a draft when the turn has come. */
+Fault SettingsStore::begin()
 {
-    if (sqlite3_exec(m_connection.get(), sql, nullptr, nullptr, nullptr) == SQLITE_OK)
+    std::string given;
+    std::chrono::milliseconds patience{};
+    {
+        const std::lock_guard lock(m_mutex);
+        given = path();
+        if (!m_parentCollects) // else the parent may be waiting for this process
+            patience = m_patience;
+    }
+    std::string resolved;
+    if (Fault fault = SettingsFile::resolve(given, resolved))
+        return fault;
+    auto draft = std::make_unique<Draft>();
+    draft->path = resolved;
+    if (Fault fault = draft->turn.begin(resolved, patience))
+        return fault;
+    {
+        const std::lock_guard lock(m_claimMutex);
+        m_draft = std::move(draft);
+        m_parentCollects = false;
+    }
+    return takeBase();
+}
+
+/** Starts the draft from the version that stands there now. */
+Fault SettingsStore::takeBase()
+{
+    const std::string &resolved = m_draft->path;
+    if (Fault fault = SettingsFile::mayReplace(resolved))
+        return fault;
+    std::unique_lock lock(m_mutex);
+    const Snapshot *now = &present();
+    if (!now->fault && !now->content.standsAlone) {
+        if (Fault fault = SettingsFile::endJournals(resolved))
+            return fault;
+        now = &present();
+    }
+    if (now->fault)
+        return now->fault;
+    m_draft->base = now->content.version;
+    m_draft->image = now->content.image;
+    m_draft->values = now->values;
+    m_draft->replacement.emplace(resolved);
+    return {};
+}
+
+Fault SettingsStore::put(const SettingsImage::Key &key, const Value &value)
+{
+    {
+        // A fork must not find SQLite at work, for its child could not use it any more.
+        const std::lock_guard lock(m_mutex);
+        if (Fault fault = SettingsImage::write(m_draft->image, key, value))
+            return fault;
+        if (m_pageLimit > 0 && m_draft->image.size() > static_cast<std::size_t>(m_pageLimit) * bytesOfPage)
+            return {ENOSPC, "has reached its limit"};
+    }
+    if (Fault fault = m_draft->replacement->write(m_draft->image))
+        return fault;
+    m_draft->values.insert_or_assign(key, stored(value));
+    return {};
+}
+
+Fault SettingsStore::publish()
+{
+    SettingsFile::Version version;
+    if (Fault fault = SettingsFile::look(path(), version))
+        return fault;
+    if (!version.hasContentOf(m_draft->base))
+        return {EIO, "was replaced by others while values were collected, and stays as it is"};
+    if (Fault fault = m_draft->replacement->publish(version))
+        return fault;
+    const std::lock_guard lock(m_mutex);
+    if (m_draft->path != m_path)
+        return {}; // the next read follows the links, or goes to another file
+    m_snapshot.content.file = m_draft->replacement->takeFile();
+    m_snapshot.content.version = version;
+    m_snapshot.content.image = std::move(m_draft->image);
+    m_snapshot.content.standsAlone = true;
+    m_snapshot.values = std::move(m_draft->values);
+    m_snapshot.fault = {};
+    m_snapshot.known = version.inode != 0;
+    return {};
+}
+
+/** Sets errno to the reason of a fault. A full or a protected file has its own way to the user. */
+bool SettingsStore::answer(const Fault &fault)
+{
+    if (!fault)
         return true;
-    noteFailure();
+    if (fault.error != ENOSPC && fault.error != EROFS && fault.error != EACCES) {
+        const std::lock_guard lock(m_mutex);
+        report(fault, "nothing is written");
+    }
+    errno = fault.error;
     return false;
 }
 
-/** Sets errno to the reason of the last failure and reports a damaged file once. */
-void SettingsStore::noteFailure()
+void SettingsStore::report(const Fault &fault, const char *consequence)
 {
-    const int code = sqlite3_errcode(m_connection.get());
-    const int reason = errnoOf(code, sqlite3_system_errno(m_connection.get()));
-    if (reason == EUCLEAN && !m_damageReported) {
-        m_damageReported = true;
-        std::fprintf(stderr, "settings store: %s is damaged (%s); reads give defaults, nothing is written\n",
-                     QFile::encodeName(file()).constData(), sqlite3_errmsg(m_connection.get()));
+    // Numbers in a reason, as that of another process, do not make it another one.
+    std::string kind = fault.reason;
+    std::erase_if(kind, [](char character) { return character >= '0' && character <= '9'; });
+    if (m_reported.insert(kind).second)
+        std::fprintf(stderr, "settings store: %s %s; %s\n", path().c_str(), fault.reason.c_str(),
+                     consequence);
+}
+
+void SettingsStore::lockForFork()
+{
+    m_claimMutex.lock();
+    m_mutex.lock();
+}
+
+void SettingsStore::unlockAfterFork()
+{
+    m_mutex.unlock();
+    m_claimMutex.unlock();
+}
+
+void SettingsStore::startAfreshInChild()
+{
+    m_parentCollects = m_draft && m_draft->turn;
+    if (m_draft) {
+        m_draft->turn.abandon();
+        if (m_draft->replacement)
+            m_draft->replacement->abandon();
+        // What another thread was working at may be half done, and must not even be destroyed.
+        static const void *half = nullptr;
+        if (m_ownerThread == std::this_thread::get_id())
+            m_draft.reset();
+        else
+            half = m_draft.release();
+        std::ignore = half;
     }
-    errno = reason;
+    m_owner = nullptr;
+    m_reported.clear();
+    new (&m_claimEnded) std::condition_variable; // threads that waited are the parent's
+    unlockAfterFork();
 }

@@ -1,29 +1,48 @@
-// The phone's settings store: one SQLite file, shared safely between processes.
+// The phone's settings store: one file, shared safely between processes and threads.
 #pragma once
+
+#include "SettingsFile.h"
+#include "SettingsImage.h"
+#include "WriterTurn.h"
 
 #include <QString>
 
+#include <chrono>
+#include <condition_variable>
 #include <memory>
+#include <mutex>
 #include <optional>
-
-#include <sys/types.h>
-
-struct sqlite3;
-struct sqlite3_stmt;
+#include <set>
+#include <string>
+#include <thread>
 
 /**
  * Values by application, group, key and type.
  *
- * What a write without a collector, or commit(), answered with true survives a crash of the process and of
- * the phone: the transaction has been synced to the disk. A failure leaves the reason in errno: ENOSPC for a full disk,
- * EROFS for a file that may not be written, EBUSY for a store that others keep locked, EUCLEAN for a
- * damaged file. A damaged file is reported once on standard error and never overwritten.
+ * Reads take no lock: the file is never changed, it is replaced as a whole, and a process reads it anew when another
+ * version stands there. So no process, whether it writes without pause, hangs, is stopped or killed, can make a read
+ * wait or keep its value from it. When the file cannot be read (no permission, damage, not a settings file, newer
+ * than this program), reads find nothing and the reason is reported on standard error, once a reason and process.
  *
- * A process keeps one connection. It is made anew when the file was replaced and in a forked child.
+ * Writers take turns. What a write without a collector, or commit(), answered with true survives a crash of the
+ * process and of the phone: the new version and the folder have been synced. A write that answered false left the old
+ * value in place and its reason in errno: ENOSPC for a full disk or a quota that is used up, EROFS or EACCES for a file
+ * that may not be written, EBUSY when the turn did not come in time, EUCLEAN for a damaged file and EMEDIUMTYPE
+ * for one that is not ours, both never overwritten, EIO and others for a disk that fails. When such a disk fails while
+ * it is to confirm the last step, the old version is put back; only where the file system cannot exchange two names
+ * (or the disk refuses that as well), or the file was new, false can stand for a value that is there and may be lost
+ * with the power.
+ *
+ * A collection has the turn from its first write until commit() or rollback(). A collected write has put all that
+ * it needs on the disk when it answers true; the commit renames a file, which needs no space. What can still make a
+ * commit fail: a disk that fails, a file that somebody else replaced meanwhile (the file of somebody else stays), and
+ * a file system that needs space to rename (those that copy on write, when not even their reserve is left).
+ *
+ * In a forked child the store starts afresh: a collection that was open stays the parent's.
  */
 class SettingsStore {
 public:
-    enum class Type { Bool = 0, Int = 1, Text = 2 };
+    using Type = SettingsImage::Type;
 
     SettingsStore();
     ~SettingsStore();
@@ -31,13 +50,13 @@ public:
     SettingsStore(const SettingsStore &) = delete;
     SettingsStore &operator=(const SettingsStore &) = delete;
 
-    /** Where the settings are kept; an empty path stands for the user's data directory. */
+    /** Where the settings are kept; an empty path stands for the user's data directory as it is at the first use. */
     void setFile(const QString &path);
     QString file() const;
 
     /** Makes the store full at that many pages of 4 KiB; 0 lifts the limit. */
     void limitPages(int pages);
-    /** How long a write waits for other processes. */
+    /** How long a write waits for its turn. */
     void setBusyTimeout(int milliseconds);
 
     struct Name {
@@ -46,9 +65,12 @@ public:
         QString key;
     };
 
-    /** Nothing when nothing is stored under this name and type, or it cannot be read. */
-    std::optional<int> readInteger(const Name &name, Type type);
-    std::optional<QString> readText(const Name &name);
+    /**
+     * Nothing when nothing is stored under this name and type, or it cannot be read.
+     * @param collector sees what it has collected itself; everybody else sees what is stored
+     */
+    std::optional<int> readInteger(const Name &name, Type type, const void *collector = nullptr);
+    std::optional<QString> readText(const Name &name, const void *collector = nullptr);
 
     /** Writes durably when @p collector is null, else into the collection of that collector. */
     bool writeInteger(const Name &name, Type type, int value, const void *collector);
@@ -60,32 +82,64 @@ public:
     void rollback(const void *collector);
 
 private:
-    struct CloseConnection {
-        void operator()(sqlite3 *connection) const;
-    };
-    struct FinalizeStatement {
-        void operator()(sqlite3_stmt *statement) const;
-    };
-    using Statement = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
+    using Value = SettingsImage::Value;
+    using Values = SettingsImage::Values;
+    struct Registry;
 
-    bool connect(bool forWriting);
-    void disconnect();
-    sqlite3_stmt *readStatement(const Name &name, Type type);
-    sqlite3_stmt *writeStatement(const Name &name, Type type, const void *collector);
-    bool finishWrite();
-    bool execute(const char *sql);
-    void noteFailure();
+    /** A version of the file as this process knows it. */
+    struct Snapshot {
+        SettingsFile::Content content;
+        Values values;
+        Fault fault;
+        bool known = false;
+    };
 
+    /** The version that is being made, and the turn that it needs. */
+    struct Draft {
+        std::string path; ///< without links
+        WriterTurn turn;
+        SettingsFile::Version base;
+        std::string image;
+        Values values;
+        std::optional<SettingsFile::Replacement> replacement;
+    };
+
+    std::optional<Value> read(const SettingsImage::Key &key, const void *collector);
+    bool write(const SettingsImage::Key &key, const Value &value, const void *collector);
+
+    const Snapshot &present();
+    void load(const SettingsFile::Version &version);
+    const std::string &path() const;
+
+    bool claim(const void *owner);
+    void release();
+    Fault begin();
+    Fault takeBase();
+    Fault put(const SettingsImage::Key &key, const Value &value);
+    Fault publish();
+    bool answer(const Fault &fault);
+    void report(const Fault &fault, const char *consequence);
+
+    void lockForFork();
+    void unlockAfterFork();
+    void startAfreshInChild();
+
+    /** What readers need; held for moments only. */
+    mutable std::mutex m_mutex;
     QString m_file;
+    mutable std::string m_path; ///< the same for the system, empty until it is needed
+    Snapshot m_snapshot;
+    std::set<std::string> m_reported;
     int m_pageLimit = 0;
-    int m_busyTimeout = 5000;
-    std::unique_ptr<sqlite3, CloseConnection> m_connection;
-    Statement m_read;
-    Statement m_write;
-    const void *m_collector = nullptr;
-    bool m_damageReported = false;
-    pid_t m_process = 0;
-    dev_t m_device = 0;
-    ino_t m_inode = 0;
-    bool m_readOnly = false;
+    std::chrono::milliseconds m_patience{5000};
+
+    /** Which object of this process may write; the mutex is held for moments, the claim for as long as it takes. */
+    std::mutex m_claimMutex;
+    std::condition_variable m_claimEnded;
+    const void *m_owner = nullptr;
+    std::thread::id m_ownerThread;
+    bool m_parentCollects = false; ///< in a child of a fork, as long as the turn was not ours once
+
+    /** Belongs to the owner; what the mutex above guards may look at it with both in hand. */
+    std::unique_ptr<Draft> m_draft;
 };

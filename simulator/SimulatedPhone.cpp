@@ -33,8 +33,9 @@ SimulatedPhone::~SimulatedPhone() = default;
 
 SimulatedPhone &SimulatedPhone::instance()
 {
-    static SimulatedPhone phone;
-    return phone;
+    // Never destroyed: an application may use the engine until the process is gone.
+    static SimulatedPhone *const phone = new SimulatedPhone;
+    return *phone;
 }
 
 void SimulatedPhone::reset()

@@ -1,0 +1,35 @@
+// Whose turn it is to replace the settings file: one process at a time, each in its turn.
+#pragma once
+
+#include "Descriptor.h"
+#include "SettingsImage.h"
+
+#include <chrono>
+#include <string>
+
+/**
+ * A lock on a file beside the settings file.
+ *
+ * The kernel ends it with the process that has it, however that process ends. Who waits stands first in line or
+ * tries to get there; a process that has just had its turn has to stand in line again, so that nobody is passed over
+ * for long. A process that was stopped while it stood first in line is passed by after a second.
+ */
+class WriterTurn {
+public:
+    WriterTurn() = default;
+    ~WriterTurn() { end(); }
+
+    WriterTurn(const WriterTurn &) = delete;
+    WriterTurn &operator=(const WriterTurn &) = delete;
+
+    /** EBUSY when the turn has not come within that time. */
+    Fault begin(const std::string &path, std::chrono::milliseconds patience);
+    void end();
+    /** For the child of a fork: the turn is the parent's. */
+    void abandon() { m_file.reset(); }
+
+    explicit operator bool() const { return static_cast<bool>(m_file); }
+
+private:
+    Descriptor m_file;
+};
