@@ -126,7 +126,8 @@ _TAPI_RESULT_E answerCall(CallState &calls, unsigned char callId, bool releaseAc
         removeCalls(calls,
                     [](const _TAPI_CALL_SESSION_S &other) { return other.state == TAPI_CALL_STATE_ACTIVE; });
     holdOthers(calls, callId);
-    findCall(calls, callId)->state = TAPI_CALL_STATE_ACTIVE;
+    if (_TAPI_CALL_SESSION_S *const answered = findCall(calls, callId)) // it may have moved in its table
+        answered->state = TAPI_CALL_STATE_ACTIVE;
     return TAPI_RESULT_SUCC;
 }
 
