@@ -3,16 +3,40 @@
 #include "Interfaces.h"
 #include "Text.h"
 
+#include <algorithm>
+#include <array>
+#include <atomic>
+
 namespace Ofono::Card {
 
 namespace {
 
 /** The daemon takes about two seconds to ask for the counters. */
-constexpr std::chrono::milliseconds counterTime(5000);
+constexpr std::chrono::milliseconds counterTime(4000);
 
-const char *pukOf(std::string_view kind)
+/** Reading a card takes a second or two. */
+constexpr std::chrono::milliseconds restartTime(2000);
+
+struct Kind {
+    std::string_view name;
+    const char *puk;       ///< what is asked for when this is blocked; null when nothing is
+    std::uint8_t allTries; ///< what a card gives
+    /** Set while the daemon may not have noticed that an accepted PIN has all its tries again: what it tells then. */
+    std::atomic<int> outdated = -1;
+};
+
+std::array<Kind, 4> kinds = {
+    {{"pin", "puk", 3}, {"pin2", "puk2", 3}, {"puk", nullptr, 10}, {"puk2", nullptr, 10}}};
+
+Kind &kindOf(std::string_view name)
 {
-    return kind == "pin" ? "puk" : kind == "pin2" ? "puk2" : nullptr;
+    return *std::find_if(kinds.begin(), kinds.end() - 1,
+                         [name](const Kind &kind) { return kind.name == name; });
+}
+
+bool isIdentified(const Properties &card)
+{
+    return card.text("SubscriberIdentity").has_value();
 }
 
 } // namespace
@@ -28,36 +52,56 @@ _TAPI_RESULT_E read(Properties &card)
     return TAPI_RESULT_SIM_UNAVAILABLE;
 }
 
-Tries triesOf(const Properties &card, const char *kind)
+Before before(const Properties &card, const char *name)
 {
-    return {kind, card.byteOf("Retries", kind)};
+    Kind &kind = kindOf(name);
+    const auto told = card.byteOf("Retries", name);
+    if (told && *told != kind.outdated)
+        kind.outdated = -1;
+    return {name, told, told && kind.outdated != -1 ? kind.allTries : told, isIdentified(card)};
 }
 
-bool isBlocked(const Properties &card, const char *kind)
+bool isBlocked(const Properties &card, const char *name)
 {
-    const char *const puk = pukOf(kind);
-    return card.byteOf("Retries", kind).value_or(1) == 0
+    const char *const puk = kindOf(name).puk;
+    return card.byteOf("Retries", name).value_or(1) == 0
         || (puk && card.text("PinRequired").value_or("") == puk);
 }
 
-_TAPI_RESULT_E outcomeOf(_TAPI_RESULT_E result, const Tries &before)
+_TAPI_RESULT_E outcomeOf(_TAPI_RESULT_E result, const Before &before)
 {
+    Kind &kind = kindOf(before.kind);
+    if (result == TAPI_RESULT_SUCC && before.told && *before.told < kind.allTries)
+        kind.outdated = *before.told;
     if (result != TAPI_RESULT_FAIL)
         return result;
-    bool final = false;
-    const bool counted = Daemon::waitUntil(
+    bool blocked = false;
+    bool asksAnew = false;
+    std::optional<std::uint8_t> left = before.told;
+    Daemon::waitUntil(
         [&] {
             Properties card;
             if (read(card) != TAPI_RESULT_SUCC)
                 return false;
-            const auto left = card.byteOf("Retries", before.kind);
-            final = isBlocked(card, before.kind);
-            return final || (left && left != before.left);
+            left = card.byteOf("Retries", before.kind);
+            blocked = isBlocked(card, before.kind);
+            asksAnew = before.identified && !isIdentified(card);
+            // All tries are what an earlier success has brought back, however late; a refusal leaves fewer.
+            return blocked || asksAnew || (left && left != before.told && *left < kind.allTries);
         },
         counterTime);
-    if (final)
+    if (asksAnew) // the daemon reads the card again, and may enter a PIN that it remembers
+        Daemon::waitUntil(
+            [] {
+                Properties card;
+                return read(card) == TAPI_RESULT_SUCC && isIdentified(card);
+            },
+            restartTime);
+    if (blocked)
         return TAPI_RESULT_PIN_REJECTED_FINAL;
-    return counted ? TAPI_RESULT_PIN_REJECTED : TAPI_RESULT_FAIL;
+    // More than was told means that what was told was old, and still one has been lost of what there really was.
+    const bool counted = left && (left < before.left || (left > before.told && *left < kind.allTries));
+    return counted || asksAnew ? TAPI_RESULT_PIN_REJECTED : TAPI_RESULT_FAIL;
 }
 
 bool isPin(std::string_view code)

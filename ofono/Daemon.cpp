@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <new>
 #include <thread>
+#include <utility>
 
 #include <fcntl.h>
 #include <pthread.h>
@@ -237,11 +238,13 @@ _TAPI_RESULT_E Daemon::open()
         const std::unique_lock lock(m_mutex, lengthOf(Deadline::AtHand));
         if (!lock)
             return TAPI_RESULT_BUSY;
-        if (m_state != Link::Open || !m_bus.isAlive()) {
-            m_state = Link::NeverOpened;
-            const _TAPI_RESULT_E connected = connect();
-            if (connected != TAPI_RESULT_SUCC)
-                return connected;
+        if (m_state == Link::Open && !m_bus.isAlive())
+            lose();
+        const Link before = std::exchange(m_state, m_state == Link::Lost ? Link::NeverOpened : m_state);
+        const _TAPI_RESULT_E connected = connect();
+        if (connected != TAPI_RESULT_SUCC) {
+            m_state = before;
+            return connected;
         }
     }
     return ask("/", {manager, "GetModems"}, steady_clock::now() + lengthOf(Deadline::AtHand)).result;
@@ -291,10 +294,10 @@ _TAPI_RESULT_E Daemon::setProperty(const char *interface, const char *name, cons
 bool Daemon::waitUntil(const std::function<bool()> &isSo, milliseconds limit)
 {
     const Time end = steady_clock::now() + limit;
-    for (milliseconds pause = firstPause; !isSo(); pause = std::min(2 * pause, longestPause)) {
+    while (!isSo()) {
         if (steady_clock::now() >= end)
             return false;
-        std::this_thread::sleep_for(pause);
+        std::this_thread::sleep_for(firstPause);
     }
     return true;
 }

@@ -90,13 +90,12 @@ _TAPI_RESULT_E withKeptPin2(Change change)
     const _TAPI_RESULT_E read = Card::read(card);
     if (read != TAPI_RESULT_SUCC)
         return read;
-    const Card::Tries tries = Card::triesOf(card, "pin2");
+    const Card::Before before = Card::before(card, "pin2");
     _TAPI_RESULT_E result = TAPI_RESULT_PIN2_NEEDED;
     const bool kept = KeptPin2::instance().with([&](const char *pin2) { result = change(pin2); });
-    if (!kept || result == TAPI_RESULT_SUCC)
-        return result;
-    KeptPin2::instance().wipe();
-    return Card::outcomeOf(result, tries);
+    if (kept && result != TAPI_RESULT_SUCC)
+        KeptPin2::instance().wipe();
+    return Card::outcomeOf(result, before);
 }
 
 void splitTime(int seconds, _TAPI_CS_CALL_TIME_S &time)

@@ -215,12 +215,14 @@ _TAPI_RESULT_E TAPI_NETWORK_SetBand(_TAPI_NETWORK_BAND_E band)
     const _TAPI_RESULT_E result = Daemon::instance().properties(radioSettings, Deadline::Network, radio);
     if (result != TAPI_RESULT_SUCC)
         return result;
-    if (radio.text("GsmBand").value_or("any") != "any") {
-        const _TAPI_RESULT_E freed = Daemon::instance().setProperty(radioSettings, "GsmBand", "any");
+    for (const char *const property : {"GsmBand", "TechnologyPreference"}) {
+        if (radio.text(property).value_or("any") == "any")
+            continue;
+        const _TAPI_RESULT_E freed = Daemon::instance().setProperty(radioSettings, property, "any");
         if (freed != TAPI_RESULT_SUCC)
             return freed;
     }
-    return Daemon::instance().setProperty(radioSettings, "TechnologyPreference", "any");
+    return TAPI_RESULT_SUCC;
 }
 
 _TAPI_RESULT_E TAPI_NETWORK_FindNewNetworks()

@@ -81,8 +81,8 @@ _TAPI_RESULT_E withPin(const char *kind, Ask ask)
         return read;
     if (Card::isBlocked(card, kind))
         return TAPI_RESULT_PIN_REJECTED_FINAL;
-    const Card::Tries tries = Card::triesOf(card, kind);
-    return Card::outcomeOf(ask(card), tries);
+    const Card::Before before = Card::before(card, kind);
+    return Card::outcomeOf(ask(card), before);
 }
 
 _TAPI_RESULT_E verify(const char *kind, const PinText &pin)

@@ -1,0 +1,214 @@
+// What a program sees when the daemon, the bus, the modem or the card fails it.
+#include "Desk.h"
+
+#include <csignal>
+#include <future>
+#include <thread>
+#include <vector>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+using Desk::tell;
+using Desk::text;
+
+namespace {
+
+class FaultsOnOfono : public OfonoTest {
+protected:
+    _TAPI_RESULT_E read()
+    {
+        bool on = false;
+        return setup().isCallWaiting(on);
+    }
+
+    bool reads(_TAPI_RESULT_E wanted)
+    {
+        return Desk::becomes([&] { return read() == wanted; });
+    }
+
+    static std::string modemIs(const char *property, bool on)
+    {
+        return Desk::byHand(std::string("/phone org.ofono.Modem.SetProperty string:") + property
+                            + " variant:boolean:" + (on ? "true" : "false"));
+    }
+
+    /** The daemon comes back with everything off. */
+    void comeBack()
+    {
+        Desk::script("daemon");
+        Desk::script("online");
+        EXPECT_TRUE(reads(TAPI_RESULT_SUCC));
+    }
+
+    _TAPI_RESULT_E dial()
+    {
+        std::string number = "0555";
+        unsigned char callId = 0;
+        return PHONE_ENG_TAPI_CALL_VOICECALL_MakeReq(0, reinterpret_cast<unsigned char *>(number.data()),
+                                                     &callId);
+    }
+};
+
+} // namespace
+
+TEST_F(FaultsOnOfono, TellsOfADaemonThatDiedAndOneThatCameBack)
+{
+    EXPECT_TRUE(reads(TAPI_RESULT_SUCC));
+    tell(".delay +CCWA 20000");
+    std::future<_TAPI_RESULT_E> pending =
+        std::async(std::launch::async, [this] { return setup().setCallWaiting(false); });
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    const double seconds = Desk::secondsOf([&] {
+        Desk::end("daemon", SIGKILL);
+        EXPECT_EQ(pending.get(), TAPI_RESULT_SERVICE_DOWN);
+    });
+    EXPECT_LT(seconds, 2);
+    EXPECT_LT(Desk::secondsOf([this] { EXPECT_EQ(read(), TAPI_RESULT_SERVICE_DOWN); }), 0.5);
+    EXPECT_EQ(dial(), TAPI_RESULT_SERVICE_DOWN);
+    EXPECT_EQ(setup().setupVerifySimPin(text("1234")), TAPI_RESULT_SERVICE_DOWN);
+    EXPECT_TRUE(PHONE_ENG_IsTapiDeviceActive()); // the bus is there
+    EXPECT_EQ(PHONE_ENG_TAPI_initiation(), TAPI_RESULT_SERVICE_DOWN);
+    tell(".pass");
+    tell(".delay +CCWA off");
+    Desk::script("daemon");
+    EXPECT_EQ(read(), TAPI_RESULT_MODEM_OFFLINE);
+    EXPECT_EQ(PHONE_ENG_TAPI_initiation(), TAPI_RESULT_SUCC);
+    Desk::script("online");
+    EXPECT_TRUE(reads(TAPI_RESULT_SUCC));
+}
+
+TEST_F(FaultsOnOfono, TellsOfAModemThatIsOffAndACardThatIsGone)
+{
+    QString imei;
+    bool active = false;
+    QString number;
+    EXPECT_TRUE(reads(TAPI_RESULT_SUCC));
+    modemIs("Online", false);
+    EXPECT_TRUE(reads(TAPI_RESULT_MODEM_OFFLINE));
+    // The daemon itself would say that nothing is forwarded.
+    EXPECT_EQ(setup().getVoiceCallsDivert(active, number, TAPI_CS_DIVERT_BUSY), TAPI_RESULT_MODEM_OFFLINE);
+    EXPECT_EQ(dial(), TAPI_RESULT_MODEM_OFFLINE);
+    EXPECT_EQ(setup().readIMEISerialNumber(imei), TAPI_RESULT_SUCC);
+    modemIs("Powered", false);
+    EXPECT_TRUE(reads(TAPI_RESULT_MODEM_OFFLINE));
+    EXPECT_EQ(setup().setupVerifySimPin(text("1234")), TAPI_RESULT_MODEM_OFFLINE);
+    Desk::script("online");
+    EXPECT_TRUE(reads(TAPI_RESULT_SUCC));
+    tell(".card out");
+    EXPECT_TRUE(reads(TAPI_RESULT_SIM_UNAVAILABLE));
+    EXPECT_EQ(setup().setupVerifySimPin(text("1234")), TAPI_RESULT_SIM_UNAVAILABLE);
+    EXPECT_FALSE(PHONE_SET_IsHomeNetwork(text("00101")));
+    int status = 0;
+    EXPECT_EQ(setup().curLineLockStatus(status), TAPI_RESULT_SIM_UNAVAILABLE);
+    tell(".card in");
+    EXPECT_TRUE(reads(TAPI_RESULT_SUCC));
+}
+
+/** A second program holds the interface; its request ends within the time that this one has. */
+TEST_F(FaultsOnOfono, TriesAgainWhileAnotherProgramIsServed)
+{
+    tell(".delay +CCWA 1000");
+    std::thread other([] {
+        Desk::byHand(
+            "/phone org.ofono.CallSettings.SetProperty string:VoiceCallWaiting variant:string:disabled");
+    });
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    EXPECT_EQ(setup().setCallWaiting(true), TAPI_RESULT_SUCC);
+    other.join();
+    tell(".delay +CCWA off");
+    bool on = false;
+    EXPECT_TRUE(Desk::becomes([&] { return setup().isCallWaiting(on) == TAPI_RESULT_SUCC && on; }));
+}
+
+/** Run with a deadline of 200 ms for what is at hand, and so of 3 seconds for the network. */
+TEST_F(FaultsOnOfono, GivesUpAtTheDeadline)
+{
+    const pid_t child = fork();
+    if (child == 0) {
+        setenv("KVQ_OFONO_DEADLINE_MS", "200", 1);
+        execl("/proc/self/exe", "ofono_tests", "--gtest_filter=DeadlinesOnOfono.*", nullptr);
+        _exit(127);
+    }
+    int status = -1;
+    EXPECT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+}
+
+/** A program of its own each time, with an engine of its own, all at once. */
+TEST_F(FaultsOnOfono, ServesManyProgramsAtOnce)
+{
+    EXPECT_TRUE(reads(TAPI_RESULT_SUCC));
+    std::vector<pid_t> children;
+    for (int program = 0; program < 32; ++program) {
+        const pid_t child = fork();
+        if (child == 0) {
+            int failures = 0;
+            for (int round = 0; round < 20; ++round) {
+                _TAPI_CALL_RESTRICT_ID_E id = TAPI_CALL_RESTRICT_ID_NETWORK;
+                QString imei;
+                failures += setup().getCLIR(id) != TAPI_RESULT_SUCC || read() != TAPI_RESULT_SUCC
+                    || setup().readIMEISerialNumber(imei) != TAPI_RESULT_SUCC;
+            }
+            _exit(failures);
+        }
+        children.push_back(child);
+    }
+    for (const pid_t child : children) {
+        int status = -1;
+        EXPECT_EQ(waitpid(child, &status, 0), child);
+        EXPECT_EQ(status, 0);
+    }
+}
+
+/** The link's descriptor is what the engine's probe asks, so it must die with the bus and with nothing else. */
+TEST_F(FaultsOnOfono, TellsOfABusThatIsGoneAndConnectsAgainWhenAsked)
+{
+    EXPECT_TRUE(PHONE_ENG_IsTapiDeviceActive());
+    Desk::end("bus", SIGKILL);
+    EXPECT_LT(Desk::secondsOf([this] { EXPECT_EQ(read(), TAPI_RESULT_LINK_LOST); }), 0.5);
+    EXPECT_EQ(dial(), TAPI_RESULT_LINK_LOST);
+    EXPECT_EQ(PHONE_ENG_TAPI_initiation(), TAPI_RESULT_LINK_LOST);
+    Desk::script("bus");
+    EXPECT_EQ(read(), TAPI_RESULT_LINK_LOST); // nobody has opened it again
+    EXPECT_EQ(PHONE_ENG_TAPI_initiation(), TAPI_RESULT_SERVICE_DOWN);
+    // Nobody has probed meanwhile, so to the engine the link has never been away.
+    EXPECT_TRUE(PHONE_ENG_IsTapiDeviceActive());
+    Desk::end("daemon", SIGTERM); // in case it has outlived its bus
+    comeBack();
+    Desk::end("bus", SIGKILL);
+    EXPECT_FALSE(PHONE_ENG_IsTapiDeviceActive());
+    EXPECT_EQ(read(), TAPI_RESULT_LINK_LOST);
+}
+
+namespace {
+
+using DeadlinesOnOfono = FaultsOnOfono;
+
+} // namespace
+
+TEST_F(DeadlinesOnOfono, EndsEveryRequestInTime)
+{
+    const auto takes = [](double atLeast, double atMost, _TAPI_RESULT_E wanted, auto request) {
+        _TAPI_RESULT_E result = TAPI_RESULT_SUCC;
+        const double seconds = Desk::secondsOf([&] { result = request(); });
+        EXPECT_EQ(result, wanted);
+        EXPECT_GE(seconds, atLeast);
+        EXPECT_LE(seconds, atMost);
+    };
+    ASSERT_STREQ(std::getenv("KVQ_OFONO_DEADLINE_MS"), "200");
+    tell(".delay +CCWA 4500");
+    takes(2.9, 3.5, TAPI_RESULT_TIMED_OUT, [this] { return setup().setCallWaiting(false); });
+    // The daemon still waits for the modem, so another request finds it occupied for a while.
+    tell(".delay +CCWA off");
+    takes(0.5, 3.5, TAPI_RESULT_SUCC, [this] { return setup().setCallWaiting(true); });
+    Desk::end("daemon", SIGSTOP);
+    QString imei;
+    takes(0.15, 0.6, TAPI_RESULT_TIMED_OUT, [&] { return setup().readIMEISerialNumber(imei); });
+    Desk::end("daemon", SIGCONT);
+    takes(0, 0.6, TAPI_RESULT_SUCC, [&] { return setup().readIMEISerialNumber(imei); });
+    Desk::end("bus", SIGSTOP);
+    takes(0.15, 0.6, TAPI_RESULT_TIMED_OUT, [&] { return setup().readIMEISerialNumber(imei); });
+    Desk::end("bus", SIGCONT);
+    takes(0, 0.6, TAPI_RESULT_SUCC, [&] { return setup().readIMEISerialNumber(imei); });
+}
