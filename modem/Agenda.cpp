@@ -14,9 +14,11 @@ void Agenda::after(Duration delay, Action action)
 void Agenda::advanceTo(Time time)
 {
     while (!m_actions.empty() && m_actions.begin()->first <= time) {
-        auto due = m_actions.extract(m_actions.begin());
-        m_now = std::max(m_now, due.key());
-        due.mapped()();
+        const auto due = m_actions.begin();
+        const Action action = std::move(due->second);
+        m_now = std::max(m_now, due->first);
+        m_actions.erase(due);
+        action();
     }
     m_now = std::max(m_now, time);
 }
