@@ -365,9 +365,32 @@ Answer listOwnNumbers(Modem &modem, Session &, const Command &)
     return answer;
 }
 
-constexpr std::array<CommandEntry, 2> commands = {{
+/** The applications of the card (ETSI TS 102 221, EF DIR): a template each, with its id and its label. */
+Answer listApplications(Modem &modem, Session &, const Command &)
+{
+    constexpr std::uint8_t application = 0x61;
+    constexpr std::uint8_t identifier = 0x4F;
+    constexpr std::uint8_t label = 0x50;
+    constexpr int longestLabel = 32;
+    Answer answer;
+    for (const QString &name : modem.phone.sim.usimLabels) {
+        const QByteArray text = name.toUtf8().left(longestLabel);
+        Bytes content = {identifier, 0x10, 0xA0, 0x00, 0x00, 0x00, 0x87, 0x10, 0x02,
+                         0xFF,       0x49, 0xFF, 0x01, 0x89, 0x00, 0x00, 0x01};
+        content.push_back(static_cast<std::uint8_t>(answer.lines.size() + 1));
+        content.insert(content.end(), {label, static_cast<std::uint8_t>(text.size())});
+        content.insert(content.end(), text.begin(), text.end());
+        Bytes entry = {application, static_cast<std::uint8_t>(content.size())};
+        entry.insert(entry.end(), content.begin(), content.end());
+        answer.lines.push_back("+CUAD: \"" + toHex(entry) + '"');
+    }
+    return answer;
+}
+
+constexpr std::array<CommandEntry, 3> commands = {{
     {"+CRSM", Needs::Card, "", accessFile},
     {"+CNUM", Needs::Ready, "", listOwnNumbers},
+    {"+CUAD", Needs::Card, "", listApplications},
 }};
 
 } // namespace

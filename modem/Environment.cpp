@@ -110,7 +110,10 @@ IncomingCall ring(Modem &modem, const std::string &number, bool withheld)
 
 bool remoteAnswers(Modem &modem, unsigned char callId)
 {
-    return Simulator::remoteAnswers(modem.phone.calls, callId);
+    if (!Simulator::remoteAnswers(modem.phone.calls, callId))
+        return false;
+    startCharging(modem, callId);
+    return true;
 }
 
 bool remoteHangsUp(Modem &modem, unsigned char callId)

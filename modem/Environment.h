@@ -41,6 +41,9 @@ void notify(Modem &modem, const std::string &text);
 /** Follows a call that was dialled until the other side's phone rings. */
 void followDialledCall(Modem &modem, unsigned char callId);
 
+/** A call that was dialled is answered: its units are counted from now on. */
+void startCharging(Modem &modem, unsigned char callId);
+
 /** The state of a call in +CLCC. */
 int listedState(const Modem &modem, const _TAPI_CALL_SESSION_S &call);
 

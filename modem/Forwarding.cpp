@@ -12,7 +12,9 @@ using Form = Command::Form;
 constexpr int lastReason = 5;
 constexpr int noReplyReason = 2;
 constexpr int defaultClasses = 7;
-constexpr int defaultTime = 20; // seconds
+constexpr int allData = 2;
+constexpr int dataBearers = 16 | 32; ///< synchronous and asynchronous
+constexpr int defaultTime = 20;      // seconds
 constexpr int shortestTime = 1;
 constexpr int longestTime = 30;
 constexpr std::size_t maxNumberLength = 42;
@@ -35,6 +37,12 @@ std::string statusLine(const Forwarding *forwarding, int serviceClass, int reaso
     if (reason == noReplyReason)
         line += ",,," + std::to_string(forwarding->noReplyTimer);
     return line;
+}
+
+/** The network keeps data by bearer; the class for all data means each of them. */
+int bearerClasses(int classes)
+{
+    return (classes & allData) != 0 ? (classes & ~allData) | dataBearers : classes;
 }
 
 Answer query(const Modem &modem, int reason, int classes)
@@ -72,7 +80,8 @@ Answer forward(Modem &modem, Session &, const Command &command)
         || !classes || !time || *time < shortestTime || *time > longestTime)
         return Answer::error(Cme::IncorrectParameters);
     const auto when = static_cast<_TAPI_CS_DIVERT_WHEN_E>(*reason);
-    const auto serviceClasses = static_cast<unsigned int>(*classes);
+    const int bearers = bearerClasses(*classes);
+    const auto serviceClasses = static_cast<unsigned int>(bearers);
     ServiceState &services = modem.phone.services;
     _TAPI_RESULT_E result = TAPI_RESULT_INVALID_PARAM;
     switch (*mode) {
@@ -80,7 +89,7 @@ Answer forward(Modem &modem, Session &, const Command &command)
         // The network is asked for one condition at a time.
         if (when > TAPI_CS_DIVERT_NOT_REACHABLE)
             return Answer::error(Cme::OperationNotAllowed);
-        return query(modem, *reason, *classes);
+        return query(modem, *reason, bearers);
     case Disable:
     case Enable:
         result = Simulator::switchForwarding(services, *mode == Enable, serviceClasses, when);

@@ -1,6 +1,8 @@
 // Advice of charge: the meters of the card.
 #include "Commands.h"
+#include "Environment.h"
 
+#include "Calls.h"
 #include "Pins.h"
 
 #include <array>
@@ -35,23 +37,26 @@ std::optional<unsigned int> readMeter(const std::string &text)
 }
 
 /** The card writes its meters for who knows the PIN2, or has shown before that it does. */
-std::optional<Cme> pin2Obstacle(Modem &modem, const std::string &code)
+Answer askPin2(Modem &modem, const std::string &code)
 {
     Pin &pin2 = modem.phone.sim.pin2;
     if (pin2.triesLeft == 0)
-        return Cme::Puk2Required;
+        return Answer::error(Cme::Puk2Required);
     if (code.empty())
-        return pin2.verified ? std::nullopt : std::optional(Cme::Pin2Required);
+        return pin2.verified ? Answer::ok() : Answer::error(Cme::Pin2Required);
     if (!Simulator::isAcceptablePin(code))
-        return Cme::IncorrectParameters;
-    switch (Simulator::verifyPin(pin2, code)) {
-    case TAPI_RESULT_SUCC:
-        return std::nullopt;
-    case TAPI_RESULT_PIN_REJECTED_FINAL:
-        return Cme::Puk2Required;
-    default:
-        return Cme::IncorrectPassword;
-    }
+        return Answer::error(Cme::IncorrectParameters);
+    return modem.judge(pin2, [&code](Pin &pin) { return Simulator::verifyPin(pin, code); });
+}
+
+/** Does what needs PIN2 once it is given. */
+template <typename Action>
+Answer withPin2(Modem &modem, const std::string &code, Action action)
+{
+    Answer answer = askPin2(modem, code);
+    if (answer.result == Answer::Result::Ok)
+        action();
+    return answer;
 }
 
 /** +CAOC: the charge of the last or current call, or whether it is told as it grows. */
@@ -76,10 +81,7 @@ Answer accumulated(Modem &modem, Session &, const Command &command)
 {
     if (command.form == Form::Read)
         return Answer::line("+CACM: " + meterText(modem.charge.accumulated));
-    if (const auto reason = pin2Obstacle(modem, command.text(0)))
-        return Answer::error(*reason);
-    modem.charge.accumulated = 0;
-    return Answer::ok();
+    return withPin2(modem, command.text(0), [&modem] { modem.charge.accumulated = 0; });
 }
 
 Answer maximum(Modem &modem, Session &, const Command &command)
@@ -89,9 +91,18 @@ Answer maximum(Modem &modem, Session &, const Command &command)
     const auto units = command.has(0) ? readMeter(command.text(0)) : 0;
     if (!units || *units > largestMeter)
         return Answer::error(Cme::IncorrectParameters);
-    if (const auto reason = pin2Obstacle(modem, command.text(1)))
-        return Answer::error(*reason);
-    modem.charge.maximum = *units;
+    return withPin2(modem, command.text(1), [&] { modem.charge.maximum = *units; });
+}
+
+Answer creditWarning(Modem &, Session &session, const Command &command)
+{
+    bool &told = session.preferences.creditWarning;
+    if (command.form == Form::Read)
+        return Answer::line(std::string("+CCWE: ") + (told ? '1' : '0'));
+    const auto value = command.number(0, 0);
+    if (!value || *value > 1)
+        return Answer::error(Cme::IncorrectParameters);
+    told = *value == 1;
     return Answer::ok();
 }
 
@@ -111,21 +122,51 @@ Answer price(Modem &modem, Session &, const Command &command)
     constexpr std::size_t currencyLength = 3;
     if (command.form != Form::Set || command.text(0).size() != currencyLength || !isPrice(command.text(1)))
         return Answer::error(Cme::IncorrectParameters);
-    if (const auto reason = pin2Obstacle(modem, command.text(2)))
-        return Answer::error(*reason);
-    services.currency = command.text(0);
-    services.price = command.text(1);
-    return Answer::ok();
+    return withPin2(modem, command.text(2), [&] {
+        services.currency = command.text(0);
+        services.price = command.text(1);
+    });
 }
 
-constexpr std::array<CommandEntry, 4> commands = {{
+constexpr std::array<CommandEntry, 5> commands = {{
     {"+CAOC", Needs::Ready, "(0-2)", adviceOfCharge},
     {"+CACM", Needs::Ready, "", accumulated},
     {"+CAMM", Needs::Ready, "", maximum},
+    {"+CCWE", Needs::Nothing, "(0,1)", creditWarning},
     {"+CPUC", Needs::Ready, "", price},
 }};
 
+constexpr Agenda::Duration unitTime{10000};
+constexpr unsigned int unitsBeforeTheEnd = 3; // half a minute, as 3GPP TS 27.007 has it for the warning
+
+/** One unit more, as long as a call lasts. */
+void charge(Modem &modem, unsigned char callId, unsigned int serial)
+{
+    const _TAPI_CALL_SESSION_S *const call = Simulator::findCall(modem.phone.calls, callId);
+    const auto details = modem.callDetails.find(callId);
+    if (!call || call->state == TAPI_CALL_STATE_DIALLING || details == modem.callDetails.end()
+        || details->second.serial != serial)
+        return;
+    ChargeMeter &meter = modem.charge;
+    if (meter.maximum != 0 && meter.accumulated >= meter.maximum) {
+        remoteHangsUp(modem, callId); // the credit is used up
+        return;
+    }
+    ++meter.lastCall;
+    ++meter.accumulated;
+    modem.tell("+CCCM: " + meterText(meter.lastCall), &Preferences::charge);
+    if (meter.maximum != 0 && meter.maximum - meter.accumulated == unitsBeforeTheEnd)
+        modem.tell("+CCWV", &Preferences::creditWarning);
+    modem.agenda().after(unitTime, [&modem, callId, serial] { charge(modem, callId, serial); });
+}
+
 } // namespace
+
+void startCharging(Modem &modem, unsigned char callId)
+{
+    modem.charge.lastCall = 0;
+    charge(modem, callId, modem.callDetails[callId].serial);
+}
 
 std::span<const CommandEntry> meteringCommands()
 {

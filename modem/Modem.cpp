@@ -96,6 +96,7 @@ void Modem::reset()
     power = Power::Off;
     cardInserted = true;
     registrationDenied = false;
+    puk2Asked = false;
     charge = {0, 27, 400};
     dialogue = {};
     callDetails.clear();
@@ -210,6 +211,23 @@ void Modem::resetCard()
 {
     for (Pin *const pin : {&phone.sim.pin1, &phone.sim.pin2, &phone.sim.upin})
         pin->verified = false;
+    puk2Asked = false;
+}
+
+Answer Modem::judge(Pin &pin, const std::function<_TAPI_RESULT_E(Pin &pin)> &check)
+{
+    const bool wasVerified = pin.verified;
+    const bool isPin2 = &pin == &phone.sim.pin2;
+    const _TAPI_RESULT_E result = check(pin);
+    const bool blocked = pin.triesLeft == 0;
+    pin.verified = !blocked && (pin.verified || wasVerified);
+    if (isPin2)
+        puk2Asked = blocked;
+    if (result == TAPI_RESULT_SUCC)
+        return Answer::ok();
+    if (blocked)
+        return Answer::error(isPin2 ? Cme::Puk2Required : Cme::PukRequired);
+    return Answer::error(Cme::IncorrectPassword);
 }
 
 Agenda::Duration Modem::delayOf(const std::vector<Command> &commands) const

@@ -62,6 +62,7 @@ public:
     Power power = Power::Off;
     bool cardInserted = true;
     bool registrationDenied = false;
+    bool puk2Asked = false;  ///< the last command that needed PIN2 found it blocked
     int signalStrength = 22; ///< 0 to 31
     int microphoneVolume = 50;
     int speakerVolume = 50;
@@ -106,6 +107,8 @@ public:
     void updateRegistration();
     /** The card is powered up: its PINs are asked for again. */
     void resetCard();
+    /** Lets the card judge a code. One that is wrong does not undo what a right one has opened before. */
+    Answer judge(Pin &pin, const std::function<_TAPI_RESULT_E(Pin &pin)> &check);
     /** @} */
 
     /** @name Late and refused answers, by the name of the command in capitals

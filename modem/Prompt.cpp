@@ -249,7 +249,8 @@ void appendForwardings(std::string &text, const Modem &modem)
 {
     constexpr std::array<const char *, 4> conditions = {"always", "when busy", "on no reply",
                                                         "when not reachable"};
-    const std::map<unsigned char, const char *> classes = {{1, "voice"}, {2, "data"}, {4, "fax"}};
+    const std::map<unsigned char, const char *> classes = {
+        {1, "voice"}, {4, "fax"}, {8, "messages"}, {16, "synchronous data"}, {32, "data"}};
     bool any = false;
     for (const auto &[key, forwarding] : modem.phone.services.forwardings) {
         const auto &[line, serviceClass, condition] = key;

@@ -13,21 +13,14 @@ using Form = Command::Form;
 constexpr int activate = 1;
 constexpr int query = 2;
 
-Answer refusal(_TAPI_RESULT_E result, const Pin &pin, bool isPin1)
-{
-    if (result == TAPI_RESULT_INVALID_PARAM)
-        return Answer::error(Cme::IncorrectPassword);
-    if (pin.triesLeft == 0)
-        return Answer::error(isPin1 ? Cme::PukRequired : Cme::Puk2Required);
-    return Answer::error(Cme::IncorrectPassword);
-}
-
 /** What the card waits for: the name that +CPIN has for it. */
 const char *requiredCode(const Modem &modem)
 {
     if (modem.phone.sim.pin1.triesLeft == 0)
         return "SIM PUK";
-    return modem.isPinRequired() ? "SIM PIN" : "READY";
+    if (modem.isPinRequired())
+        return "SIM PIN";
+    return modem.puk2Asked ? "SIM PUK2" : "READY";
 }
 
 /** Enters a PIN, or a PUK with a new PIN, where the card waits for one. */
@@ -45,20 +38,19 @@ Answer enterPin(Modem &modem, Session &, const Command &command)
         Pin &pin2 = modem.phone.sim.pin2;
         if (!withPuk || pin2.triesLeft > 0)
             return Answer::error(Cme::OperationNotAllowed);
-        const _TAPI_RESULT_E result = Simulator::unblockPin(pin2, code, command.text(1));
-        return result == TAPI_RESULT_SUCC ? Answer::ok() : refusal(result, pin2, false);
+        return modem.judge(pin2, [&](Pin &pin) { return Simulator::unblockPin(pin, code, command.text(1)); });
     }
     if (pin1.triesLeft == 0 && !withPuk)
         return Answer::error(Cme::PukRequired);
     if (!withPuk && !Simulator::isAcceptablePin(code))
         return Answer::error(Cme::IncorrectPassword);
-    const _TAPI_RESULT_E result = withPuk && pin1.triesLeft == 0
-        ? Simulator::unblockPin(pin1, code, command.text(1))
-        : Simulator::verifyPin(pin1, code);
-    if (result != TAPI_RESULT_SUCC)
-        return refusal(result, pin1, true);
-    announceCard(modem);
-    return Answer::ok();
+    Answer answer = modem.judge(pin1, [&](Pin &pin) {
+        return withPuk && pin.triesLeft == 0 ? Simulator::unblockPin(pin, code, command.text(1))
+                                             : Simulator::verifyPin(pin, code);
+    });
+    if (answer.result == Answer::Result::Ok)
+        announceCard(modem);
+    return answer;
 }
 
 /** The tries that are left: of PIN1, PUK1, PIN2 and PUK2. */
@@ -97,8 +89,9 @@ Answer lockPin1(Modem &modem, const Command &command, int mode)
         return Answer::line("+CLCK: " + std::to_string(sim.pin1Request));
     if (!Simulator::isAcceptablePin(command.text(2)))
         return Answer::error(Cme::IncorrectPassword);
-    const _TAPI_RESULT_E result = Simulator::requestPin1(sim, command.text(2), mode == activate ? 1 : 0);
-    return result == TAPI_RESULT_SUCC ? Answer::ok() : refusal(result, sim.pin1, true);
+    return modem.judge(sim.pin1, [&](Pin &) {
+        return Simulator::requestPin1(sim, command.text(2), mode == activate ? 1 : 0);
+    });
 }
 
 Answer lockFixedDialling(Modem &modem, const Command &command, int mode)
@@ -108,12 +101,11 @@ Answer lockFixedDialling(Modem &modem, const Command &command, int mode)
         return Answer::line("+CLCK: " + std::to_string(services.fixedDialing));
     if (!Simulator::isAcceptablePin(command.text(2)))
         return Answer::error(Cme::IncorrectPassword);
-    Pin &pin2 = modem.phone.sim.pin2;
-    const _TAPI_RESULT_E result = Simulator::verifyPin(pin2, command.text(2));
-    if (result != TAPI_RESULT_SUCC)
-        return refusal(result, pin2, false);
-    services.fixedDialing = mode == activate ? 1 : 0;
-    return Answer::ok();
+    Answer answer = modem.judge(modem.phone.sim.pin2,
+                                [&](Pin &pin) { return Simulator::verifyPin(pin, command.text(2)); });
+    if (answer.result == Answer::Result::Ok)
+        services.fixedDialing = mode == activate ? 1 : 0;
+    return answer;
 }
 
 /** Call barring: the network has none, and says so. */
@@ -138,8 +130,8 @@ Answer facilityLock(Modem &modem, Session &, const Command &command)
         if (facility == barred)
             return barring(modem, *mode);
     }
-    // Locks of the device to a card or a network: there are none.
-    for (const std::string_view lock : {"PS", "PN", "PU", "PP", "PC", "PF"}) {
+    // Locks of the device to a card or a network: there are none. PIN2 cannot be switched off.
+    for (const std::string_view lock : {"P2", "PS", "PN", "PU", "PP", "PC", "PF"}) {
         if (facility == lock)
             return *mode == query ? Answer::line("+CLCK: 0") : Answer::error(Cme::OperationNotSupported);
     }
@@ -155,16 +147,19 @@ Answer changePassword(Modem &modem, Session &, const Command &command)
     Pin &pin = facility == "SC" ? modem.phone.sim.pin1 : modem.phone.sim.pin2;
     if (!Simulator::isAcceptablePin(command.text(1)))
         return Answer::error(Cme::IncorrectPassword);
-    const _TAPI_RESULT_E result = Simulator::changePin(pin, command.text(1), command.text(2));
-    return result == TAPI_RESULT_SUCC ? Answer::ok() : refusal(result, pin, facility == "SC");
+    return modem.judge(pin,
+                       [&](Pin &one) { return Simulator::changePin(one, command.text(1), command.text(2)); });
 }
+
+/** P2 stands there because the daemon changes only what is named. */
+constexpr std::string_view facilities =
+    "(\"SC\",\"FD\",\"P2\",\"AO\",\"OI\",\"OX\",\"AI\",\"IR\",\"AB\",\"AG\",\"AC\")";
 
 constexpr std::array<CommandEntry, 5> commands = {{
     {"+CPIN", Needs::Card, "", enterPin},
     {"+CPINR", Needs::Card, "", triesLeft},
     {"+EPINC", Needs::Card, "", triesInOneLine},
-    {"+CLCK", Needs::Card, "(\"SC\",\"FD\",\"AO\",\"OI\",\"OX\",\"AI\",\"IR\",\"AB\",\"AG\",\"AC\")",
-     facilityLock},
+    {"+CLCK", Needs::Card, facilities, facilityLock},
     {"+CPWD", Needs::Card, "(\"SC\",8),(\"P2\",8)", changePassword},
 }};
 

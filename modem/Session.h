@@ -33,6 +33,7 @@ struct Preferences {
     bool callerName = false;
     bool serviceData = false; ///< +CUSD
     bool charge = false;      ///< +CAOC
+    bool creditWarning = false;
 };
 
 class Session : public std::enable_shared_from_this<Session> {

@@ -51,6 +51,7 @@ start() {
     shift
     "$@" >>"$KVQ_DESK/$name.log" 2>&1 </dev/null &
     echo $! >"$KVQ_DESK/$name.pid"
+    disown # whoever kills it means it
 }
 
 # Ends what a pid file names, gently first.

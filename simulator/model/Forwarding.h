@@ -5,7 +5,8 @@
 
 namespace Simulator {
 
-constexpr std::array<unsigned char, 3> forwardedClasses = {1, 2, 4}; ///< voice, data, fax
+/** Voice, data of any kind, fax, short messages, synchronous data, asynchronous data (3GPP TS 27.007, +CCFC). */
+constexpr std::array<unsigned char, 6> forwardedClasses = {1, 2, 4, 8, 16, 32};
 constexpr unsigned char voiceClass = 1;
 constexpr unsigned int allClasses = ~0U;
 
