@@ -153,11 +153,11 @@ void CallSetupWorker::enqueue(Task task)
 {
     {
         const QMutexLocker locker(&startMutex);
-        if (!QCoreApplication::instance())
+        if (!QCoreApplication::instance() || m_leaving)
             return; // the promise in the task goes, which cancels its future
         if (!m_thread) {
             m_thread = new Thread(*this);
-            qAddPostRoutine([] { instance().stop(); });
+            qAddPostRoutine([] { instance().leave(); });
         }
         m_thread->enqueue(std::move(task));
     }
@@ -203,6 +203,17 @@ void CallSetupWorker::setQuitTimeout(std::chrono::milliseconds timeout)
         return;
     m_quitTimeout = timeout;
     Q_EMIT quitTimeoutChanged();
+}
+
+void CallSetupWorker::leave()
+{
+    const auto setLeaving = [this](bool leaving) {
+        const QMutexLocker locker(&startMutex);
+        m_leaving = leaving;
+    };
+    setLeaving(true);
+    stop();
+    setLeaving(false);
 }
 
 bool CallSetupWorker::stop()

@@ -108,9 +108,11 @@ private:
     ~CallSetupWorker() override;
 
     void enqueue(Task task);
+    void leave();
     void setConnection(_TAPI_RESULT_E result);
 
     Thread *m_thread = nullptr; ///< null while no request was made
+    bool m_leaving = false;     ///< no request is taken while the application object goes
     std::chrono::milliseconds m_quitTimeout{2000};
     bool m_connected = false;
     _TAPI_RESULT_E m_connectionResult = TAPI_RESULT_SUCC;

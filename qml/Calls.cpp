@@ -73,7 +73,7 @@ Calls::Calls(QObject *parent)
 {
     m_activity->setReader(readCalls, [this](const QVariant &calls) { take(calls.value<QList<Call>>()); });
     m_timer.setSingleShot(true);
-    connect(&m_timer, &QTimer::timeout, m_activity, &Activity::read);
+    connect(&m_timer, &QTimer::timeout, m_activity, &Activity::readQuietly);
     connect(m_activity, &Activity::readingEnded, this, &Calls::lookAgain);
 }
 

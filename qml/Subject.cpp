@@ -47,13 +47,27 @@ void Activity::read()
 {
     if (!m_reader)
         return;
-    if (m_reading) {
+    m_readsQuietly = false;
+    if (m_reading)
         m_readAgain = true;
+    else
+        startReading();
+    update();
+}
+
+void Activity::readQuietly()
+{
+    if (!m_reader || m_reading)
         return;
-    }
+    m_readsQuietly = m_hasRead;
+    startReading();
+    update();
+}
+
+void Activity::startReading()
+{
     m_reading =
         new Ticket(this, m_reader, Lifetime::OfItem, [this](const Answer &answer) { readEnded(answer); });
-    update();
 }
 
 void Activity::readEnded(const Answer &answer)
@@ -102,7 +116,7 @@ Request *Activity::request(Job job)
 
 void Activity::update()
 {
-    bool busy = m_reading || !m_requests.empty();
+    bool busy = (m_reading && !m_readsQuietly) || !m_requests.empty();
     bool known = m_hasRead;
     int result = m_readResult != TAPI_RESULT_SUCC ? m_readResult : m_requestResult;
     std::size_t lacking = 0;

@@ -56,6 +56,8 @@ public:
     void refreshSettings();
     /** The reader alone. One reading at a time: a wish that comes meanwhile is met by one more. */
     void read();
+    /** The same without the item showing that it is busy, for what it reads again and again by itself. */
+    void readQuietly();
     bool isReading() const { return m_reading; }
     void cancel();
 
@@ -68,6 +70,7 @@ Q_SIGNALS:
 
 private:
     void addSetting(Setting *setting);
+    void startReading();
     void readEnded(const Answer &answer);
     void update();
 
@@ -77,6 +80,7 @@ private:
     std::function<void(const QVariant &)> m_take;
     QPointer<Ticket> m_reading;
     bool m_readAgain = false;
+    bool m_readsQuietly = false;
     bool m_hasRead = false;
     int m_readResult = TAPI_RESULT_SUCC;
     int m_requestResult = TAPI_RESULT_SUCC;

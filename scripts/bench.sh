@@ -4,7 +4,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/packages.sh
 
-need_packages "${build_packages[@]}" libbenchmark-dev binutils
+need_packages "${build_packages[@]}" "${qml_packages[@]}" libbenchmark-dev binutils
 cmake --preset bench >/dev/null
 cmake --build --preset bench -- --quiet
 
@@ -13,6 +13,7 @@ library=$build/utility/libkvqcallsetupengine.so.1
 status=0
 "$build/benchmarks/engine_benchmarks" || status=1
 "$build/benchmarks/open_library" "$build/simulator/libkvqplatform.so.1" "$library" || status=1
+"$build/benchmarks/toggle_to_confirmed" || status=1
 
 stripped=$(mktemp)
 trap 'rm -f "$stripped"' EXIT

@@ -14,7 +14,7 @@ esac
 
 need_packages "${build_packages[@]}"
 echo "== Building"
-cmake --preset release -DKVQ_BUILD_TESTS=OFF -B build/demo >/dev/null
+cmake --preset release -DKVQ_BUILD_TESTS=OFF -DKVQ_BUILD_QML=OFF -B build/demo >/dev/null
 cmake --build build/demo -- --quiet
 
 if [[ ${1-} == -i ]]; then

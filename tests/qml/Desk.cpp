@@ -4,6 +4,7 @@
 #include "CallSetupWorker.h"
 
 #include <QFile>
+#include <QLocale>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -144,6 +145,11 @@ void Desk::preferNetworks(const QStringList &ids)
             preferred.emplace(static_cast<unsigned int>(preferred.size()), id.toStdString());
         return true;
     });
+}
+
+void Desk::speak(const QString &language)
+{
+    QLocale::setDefault(QLocale(language));
 }
 
 void Desk::watchEventLoop()

@@ -43,6 +43,8 @@ public:
     Q_INVOKABLE void lackFeature(int feature);
     Q_INVOKABLE void preferNetworks(const QStringList &ids);
 
+    Q_INVOKABLE void speak(const QString &language);
+
     /** The longest time between two turns of the event loop since the watch began. */
     Q_INVOKABLE void watchEventLoop();
     Q_INVOKABLE int longestGap();

@@ -184,4 +184,21 @@ TestCase {
         tryCompare(pins.pin2Status, "value", SimPins.Blocked)
         tryCompare(pins, "busy", false)
     }
+
+    function test_wordsForEveryResult() {
+        const results = [CallSetup.InvalidParameter, CallSetup.CallRequestFailed, CallSetup.NoNumber,
+                         CallSetup.InvalidCall, CallSetup.Refused, CallSetup.SimUnavailable, CallSetup.PinRejected,
+                         CallSetup.PinBlocked, CallSetup.NotSupported, CallSetup.TimedOut, CallSetup.ServiceBusy,
+                         CallSetup.ServiceDown, CallSetup.ModemOffline, CallSetup.LinkLost, CallSetup.AccessDenied,
+                         CallSetup.NotStored, CallSetup.DiskFull, CallSetup.NotAllowed, CallSetup.Cancelled]
+        const english = results.map(result => CallSetup.resultText(result))
+        for (const text of english)
+            verify(/^[A-Z].*\.$/.test(text) && !/code/.test(text), text)
+        desk.speak("de_AT")
+        const german = results.map(result => CallSetup.resultText(result))
+        desk.speak("en")
+        for (let index = 0; index < results.length; ++index)
+            verify(german[index] !== english[index] && /^[A-ZÄÖÜ].*\.$/.test(german[index]), german[index])
+        compare(CallSetup.resultText(CallSetup.PinRejected), "The SIM refused the PIN.")
+    }
 }
