@@ -3,7 +3,6 @@
 
 #include "SimulatedPhone.h"
 
-#include <QElapsedTimer>
 #include <QObject>
 #include <QStringList>
 #include <QTimer>
@@ -45,7 +44,10 @@ public:
 
     Q_INVOKABLE void speak(const QString &language);
 
-    /** The longest time between two turns of the event loop since the watch began. */
+    /**
+     * The longest time between two turns of the event loop since the watch began, in milliseconds. Time in which the
+     * thread could have run while the machine ran something else does not count.
+     */
     Q_INVOKABLE void watchEventLoop();
     Q_INVOKABLE int longestGap();
 
@@ -56,6 +58,7 @@ private:
     };
 
     const ScriptedAnswer *answerer(std::string_view function);
+    void noteTurn();
 
     std::mutex m_mutex;
     std::condition_variable m_change;
@@ -66,6 +69,6 @@ private:
     int m_delay = 0;
 
     QTimer m_turn;
-    QElapsedTimer m_sinceTurn;
+    qint64 m_lastTurn = 0; ///< nanoseconds
     qint64 m_longestGap = 0;
 };
