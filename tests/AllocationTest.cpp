@@ -11,20 +11,28 @@ namespace {
 bool counting = false;
 unsigned int allocations = 0;
 
-} // namespace
-
-void *operator new(std::size_t size)
+/** Every form takes its memory here, so that each form of delete gives back what malloc gave. */
+void *allocate(std::size_t size)
 {
     if (counting)
         ++allocations;
-    if (void *const memory = std::malloc(size == 0 ? 1 : size))
+    return std::malloc(size == 0 ? 1 : size);
+}
+
+void *allocateOrThrow(std::size_t size)
+{
+    if (void *const memory = allocate(size))
         return memory;
     throw std::bad_alloc();
 }
+
+} // namespace
+
 // clang-format off
-void *operator new[](std::size_t size) { return ::operator new(size); }
-void *operator new(std::size_t size, const std::nothrow_t &) noexcept { return ::operator new(size); }
-void *operator new[](std::size_t size, const std::nothrow_t &) noexcept { return ::operator new(size); }
+void *operator new(std::size_t size) { return allocateOrThrow(size); }
+void *operator new[](std::size_t size) { return allocateOrThrow(size); }
+void *operator new(std::size_t size, const std::nothrow_t &) noexcept { return allocate(size); }
+void *operator new[](std::size_t size, const std::nothrow_t &) noexcept { return allocate(size); }
 void operator delete(void *memory) noexcept { std::free(memory); }
 void operator delete[](void *memory) noexcept { std::free(memory); }
 void operator delete(void *memory, std::size_t) noexcept { std::free(memory); }

@@ -2,14 +2,15 @@
 #include "EngineTest.h"
 
 #include "SETUP_SET_Manager.h"
+#include "SettingsStore.h"
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QProcess>
 #include <QSignalSpy>
 
 #include <cerrno>
 
-#include <csignal>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -25,6 +26,21 @@ protected:
         int value = 0;
         setup().getAudibleTimer(value);
         return value;
+    }
+
+    QString writtenScript(const QString &name, const QByteArray &lines) const
+    {
+        QFile script(settingsFile() + QLatin1Char('.') + name);
+        EXPECT_TRUE(script.open(QIODevice::WriteOnly) && script.write(lines) == lines.size());
+        return script.fileName();
+    }
+
+    /** Starts another program of the phone with the same settings. */
+    void startConsole(QProcess &console, const QString &script) const
+    {
+        console.start(QStringLiteral(KVQ_CONSOLE),
+                      {QStringLiteral("-q"), QStringLiteral("--settings"), settingsFile(),
+                       QStringLiteral("--script"), script});
     }
 };
 
@@ -123,54 +139,42 @@ TEST_F(SettingsStoreTest, CollectedWritesAreSeenByOthersWhenTheObjectGoes)
 
 TEST_F(SettingsStoreTest, AKilledWriterLosesNothingThatWasAnsweredWithTrue)
 {
-    int last = 0;
-    for (int round = 0; round < 25; ++round) {
-        int ends[2];
-        ASSERT_EQ(pipe(ends), 0);
-        const pid_t child = fork();
-        if (child == 0) {
-            for (int value = last + 1;; ++value) {
-                if (!setup().setAudibleTimer(value) || ::write(ends[1], &value, sizeof value) != sizeof value)
-                    std::_Exit(1);
-            }
+    QByteArray lines;
+    for (int value = 1; value <= 5000; ++value)
+        lines += "setAudibleTimer " + QByteArray::number(value) + '\n';
+    const QString script = writtenScript(QStringLiteral("writer"), lines);
+    for (int round = 0; round < 20; ++round) {
+        ASSERT_TRUE(setup().setAudibleTimer(-1)) << "the file opens clean";
+        QProcess writer;
+        startConsole(writer, script);
+        int answered = 0;
+        while (answered <= round % 5) {
+            ASSERT_TRUE(writer.canReadLine() || writer.waitForReadyRead());
+            answered += writer.canReadLine() && writer.readLine() == "result = true\n" ? 1 : 0;
         }
-        close(ends[1]);
-        int answered = last;
-        for (int answers = 0; answers <= round % 5; ++answers)
-            ASSERT_EQ(::read(ends[0], &answered, sizeof answered), static_cast<ssize_t>(sizeof answered));
         usleep(static_cast<useconds_t>(round * 37 % 400));
-        kill(child, SIGKILL);
-        int next = 0;
-        while (::read(ends[0], &next, sizeof next) == static_cast<ssize_t>(sizeof next))
-            answered = next;
-        close(ends[0]);
-        int status = 0;
-        waitpid(child, &status, 0);
-        ASSERT_TRUE(WIFSIGNALED(status));
-        last = timer();
-        ASSERT_GE(last, answered);
-        ASSERT_LE(last, answered + 1) << "at most the write that was not answered yet";
+        writer.kill();
+        ASSERT_TRUE(writer.waitForFinished());
+        ASSERT_EQ(writer.exitStatus(), QProcess::CrashExit);
+        answered += static_cast<int>(writer.readAllStandardOutput().count("result = true\n"));
+        ASSERT_GE(timer(), answered);
+        ASSERT_LE(timer(), answered + 1) << "at most the write that was not answered yet";
     }
-    EXPECT_TRUE(setup().setAudibleTimer(-1)) << "the file opens clean";
 }
 
 TEST_F(SettingsStoreTest, TwoProcessesWriteAtOnce)
 {
     constexpr int writes = 40;
-    std::vector<pid_t> children;
+    QProcess writers[2];
     for (int slot = 1; slot <= 2; ++slot) {
-        children.push_back(fork());
-        if (children.back() == 0) {
-            bool stored = true;
-            for (int write = 1; write <= writes; ++write)
-                stored = setup().setTurboDialing(slot, QString::number(write)) && stored;
-            std::_Exit(stored ? 0 : 1);
-        }
+        QByteArray lines;
+        for (int write = 1; write <= writes; ++write)
+            lines += QStringLiteral("setTurboDialing %1 %2\n").arg(slot).arg(write).toLatin1();
+        startConsole(writers[slot - 1], writtenScript(QString::number(slot), lines));
     }
-    for (const pid_t child : children) {
-        int status = 0;
-        waitpid(child, &status, 0);
-        EXPECT_EQ(status, 0);
+    for (QProcess &writer : writers) {
+        ASSERT_TRUE(writer.waitForFinished());
+        EXPECT_EQ(writer.readAllStandardOutput().count("result = true\n"), writes);
     }
     EXPECT_EQ(setup().getTurboDialing(1, true), QString::number(writes));
     EXPECT_EQ(setup().getTurboDialing(2, true), QString::number(writes));
@@ -178,30 +182,34 @@ TEST_F(SettingsStoreTest, TwoProcessesWriteAtOnce)
 
 TEST_F(SettingsStoreTest, AStoreThatOthersKeepLockedAnswersFalse)
 {
-    int locked[2];
-    int done[2];
-    ASSERT_EQ(pipe(locked), 0);
-    ASSERT_EQ(pipe(done), 0);
-    const pid_t child = fork(); // before this process has a connection
-    char byte = 0;
-    if (child == 0) {
-        SETUP_SET_Manager settings(AM_Global::CallSetup, false);
-        const bool stored =
-            settings.setSettingInfo(QStringLiteral("Setup"), QStringLiteral("audibleTimer"), 5)
-            && ::write(locked[1], &byte, 1) == 1 && ::read(done[0], &byte, 1) == 1 && settings.flush();
-        std::_Exit(stored ? 0 : 1);
-    }
-    ASSERT_EQ(::read(locked[0], &byte, 1), 1);
+    SettingsStore other;
+    other.setFile(settingsFile());
+    const SettingsStore::Name name{AM_Global::CallSetup, QStringLiteral("Setup"),
+                                   QStringLiteral("audibleTimer")};
+    ASSERT_TRUE(other.writeInteger(name, SettingsStore::Type::Int, 5, this));
     phone.settings().setBusyTimeout(50);
     EXPECT_FALSE(setup().setReminder(false));
     EXPECT_EQ(errno, EBUSY);
-    ASSERT_EQ(::write(done[1], &byte, 1), 1);
-    int status = 0;
-    waitpid(child, &status, 0);
-    EXPECT_EQ(status, 0);
+    EXPECT_TRUE(other.commit(this));
     phone.settings().setBusyTimeout(5000);
     EXPECT_TRUE(setup().setReminder(false));
     EXPECT_EQ(timer(), 5);
+}
+
+TEST_F(SettingsStoreTest, AForkedChildHasAConnectionOfItsOwn)
+{
+#ifdef KVQ_EMULATED
+    GTEST_SKIP() << "the emulator has a thread, so a forked child of it must not go on";
+#endif
+    ASSERT_TRUE(setup().setAudibleTimer(1));
+    const pid_t child = fork();
+    if (child == 0)
+        std::_Exit(timer() == 1 && setup().setAudibleTimer(2) ? 0 : 1);
+    int status = 0;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(timer(), 2);
+    EXPECT_TRUE(setup().setAudibleTimer(3)) << "the child's end took no lock of the parent away";
 }
 
 TEST_F(SettingsStoreTest, ARefusedFlushOrWriteGivesTheWholeCollectionUp)

@@ -1,0 +1,27 @@
+# What the toolchain files share: Debian's cross compiler, and a sysroot of packages of the other architecture
+# (scripts/sysroot.sh makes it). The machine itself needs no foreign package, so nothing on it can be in conflict.
+set(CMAKE_SYSTEM_NAME Linux)
+set(KVQ_SYSROOT ${CMAKE_CURRENT_LIST_DIR}/../../build/sysroot/${KVQ_DEBIAN_ARCHITECTURE}
+    CACHE PATH "Folder with the packages of the other architecture")
+get_filename_component(CMAKE_SYSROOT ${KVQ_SYSROOT} REALPATH)
+list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES KVQ_SYSROOT)
+if(NOT EXISTS ${CMAKE_SYSROOT}/usr/include)
+    message(FATAL_ERROR "There is no sysroot in ${KVQ_SYSROOT}: run scripts/sysroot.sh ${KVQ_DEBIAN_ARCHITECTURE}")
+endif()
+
+set(CMAKE_CXX_COMPILER ${KVQ_TRIPLET}-g++)
+set(CMAKE_LIBRARY_ARCHITECTURE ${KVQ_TRIPLET})
+set(CMAKE_FIND_ROOT_PATH ${CMAKE_SYSROOT})
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+set(ENV{PKG_CONFIG_SYSROOT_DIR} ${CMAKE_SYSROOT})
+set(ENV{PKG_CONFIG_LIBDIR} ${CMAKE_SYSROOT}/usr/lib/${KVQ_TRIPLET}/pkgconfig:${CMAKE_SYSROOT}/usr/share/pkgconfig)
+
+# The toolkit's own tools (moc) run here and come from this machine's packages.
+set(QT_HOST_PATH /usr)
+set(QT_HOST_PATH_CMAKE_DIR /usr/lib/${CMAKE_HOST_SYSTEM_PROCESSOR}-linux-gnu/cmake)
+
+# What is built runs under the emulator, with the sysroot's loader and libraries.
+set(CMAKE_CROSSCOMPILING_EMULATOR ${KVQ_EMULATOR} -L ${CMAKE_SYSROOT})
