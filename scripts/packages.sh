@@ -46,3 +46,5 @@ desk_packages=(ofono dbus util-linux)
 qml_packages=(qt6-declarative-dev qt6-declarative-dev-tools qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools
     libgl-dev qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript qml6-module-qtquick
     qml6-module-qtquick-window qml6-module-qttest)
+# Cross building for ARM phones and running what was built.
+arm_packages=(g++-aarch64-linux-gnu g++-arm-linux-gnueabihf qemu-user mmdebstrap)

@@ -31,7 +31,7 @@ echo "== Under valgrind"
 # Left out: what starts other programs, what counts allocations itself, and what searches the process's memory.
 valgrind --quiet --error-exitcode=1 --child-silent-after-fork=yes --leak-check=full \
     --errors-for-leak-kinds=definite,indirect build/release/tests/engine_tests --gtest_brief=1 \
-    --gtest_filter='-ConsoleTest.*:AllocationTest.*:PinsInMemoryTest.*:*ForTheNextProcess:*CollectedWrites*:*TheDefaultIs*' |
+    --gtest_filter='-ConsoleTest.*:AllocationTest.*:PinsInMemoryTest.*:*ForTheNextProcess:*CollectedWrites*:*KilledWriter*:*TwoProcesses*:*TheDefaultIs*' |
     tail -n 2
 
 build_and_test release

@@ -1,0 +1,39 @@
+#!/usr/bin/env bash
+# Builds the engine for the ARM processors of phones and runs its tests under the emulator: for 64 bits and for 32,
+# where pointers and longs in records are smaller. Holds the exported interface, the size and the Debian packages of
+# each. The whole is built as it ships; the QML module is left out, and so are the tests that need this machine's own
+# telephony daemon or compiler. The packages are left in build/ARCHITECTURE/packages.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+source scripts/packages.sh
+
+limit=$((128 * 1024)) # of the stripped library
+
+need_packages "${build_packages[@]}" "${test_packages[@]}" "${arm_packages[@]}"
+for architecture in arm64 armhf; do
+    scripts/sysroot.sh "$architecture"
+    echo "== Building ($architecture)"
+    build=build/$architecture
+    cmake --preset "$architecture" >/dev/null
+    cmake --build --preset "$architecture" -- --quiet
+
+    strip=$(sed -n 's/^CMAKE_STRIP:[^=]*=//p' "$build/CMakeCache.txt")
+    "$strip" -o "$build/stripped" "$build/utility/libkvqcallsetupengine.so.1"
+    size=$(stat -c %s "$build/stripped")
+    echo "the stripped library ($architecture): $size bytes (at most $limit)"
+    ((size <= limit)) || { echo "error: the stripped library is too large" >&2; exit 1; }
+
+    echo "== Packing ($architecture)"
+    rm -rf "$build/packages"
+    cpack --config "$build/CPackConfig.cmake" -B "$build/packages" >/dev/null
+    for package in "$build/packages"/*.deb; do
+        [[ $(dpkg-deb -f "$package" Architecture) =~ ^($architecture|all)$ ]] || {
+            echo "error: $package is not a package of $architecture" >&2
+            exit 1
+        }
+        echo "$(dpkg-deb -f "$package" Package): $(stat -c %s "$package") bytes"
+    done
+
+    echo "== Testing ($architecture)"
+    ctest --preset "$architecture" --progress
+done
