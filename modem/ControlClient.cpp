@@ -7,10 +7,15 @@
 #include <sys/time.h>
 #include <sys/un.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
+#include <memory>
+
+#include <editline/readline.h>
 
 namespace AtModem {
 
@@ -60,6 +65,29 @@ int tellModem(const std::string &controlPath, const std::string &line)
         reply.erase(reply.size() - done.size());
     std::fputs(reply.c_str(), accepted ? stdout : stderr);
     return accepted ? 0 : mistaken;
+}
+
+int runRemotePrompt(const std::string &controlPath)
+{
+    const bool interactive = isatty(STDIN_FILENO) == 1;
+    rl_readline_name = "kvq-modem";
+    using_history();
+    int status = 0;
+    while (true) {
+        const std::unique_ptr<char, decltype(&std::free)> line(readline(interactive ? "modem> " : ""),
+                                                               &std::free);
+        if (!line)
+            return interactive ? 0 : status;
+        const std::string text = line.get();
+        if (text.find_first_not_of(' ') == std::string::npos)
+            continue;
+        if (interactive && maskSecrets(text) == text)
+            add_history(line.get());
+        const int outcome = tellModem(controlPath, text);
+        if (outcome == noModem || text == "quit" || text == ".quit")
+            return outcome;
+        status = std::max(status, outcome);
+    }
 }
 
 } // namespace AtModem

@@ -93,8 +93,8 @@ int main(int argc, char **argv)
                                      QStringLiteral("path"));
     const QCommandLineOption tell(
         QStringLiteral("tell"),
-        QStringLiteral("Sends the remaining words to the modem whose control socket "
-                       "is <path>."),
+        QStringLiteral("Sends the remaining words to the modem whose control socket is "
+                       "<path>; without words it opens its prompt."),
         QStringLiteral("path"));
     const QCommandLineOption noPrompt(QStringLiteral("no-prompt"),
                                       QStringLiteral("Reads no commands from standard input."));
@@ -115,9 +115,11 @@ int main(int argc, char **argv)
     if (parser.isSet(QStringLiteral("version")))
         parser.showVersion();
     const QStringList words = parser.positionalArguments();
-    if (parser.isSet(tell))
-        return AtModem::tellModem(parser.value(tell).toLocal8Bit().toStdString(),
-                                  words.join(QLatin1Char(' ')).toStdString());
+    if (parser.isSet(tell)) {
+        const std::string path = parser.value(tell).toLocal8Bit().toStdString();
+        return words.isEmpty() ? AtModem::runRemotePrompt(path)
+                               : AtModem::tellModem(path, words.join(QLatin1Char(' ')).toStdString());
+    }
     if (!words.isEmpty())
         return complain(QStringLiteral("unexpected argument \"%1\"").arg(words.first()));
     bool isNumber = false;

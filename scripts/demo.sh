@@ -1,26 +1,46 @@
 #!/usr/bin/env bash
 # Builds the engine and plays a tour of it on the simulated phone. With -i it opens the prompt instead.
+# With --ofono the phone is the one of the telephony daemon: a private bus, the simulated modem and the real daemon
+# are started for as long as it takes; -i then opens the console on them with the modem's prompt beside it.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/packages.sh
 
-case "${1-}" in
-"" | -i) ;;
-*)
-    echo "usage: scripts/demo.sh [-i]" >&2
-    exit 2
-    ;;
-esac
+ofono=false
+interactive=false
+for option in "$@"; do
+    case $option in
+    --ofono) ofono=true ;;
+    -i) interactive=true ;;
+    *)
+        echo "usage: scripts/demo.sh [--ofono] [-i]" >&2
+        exit 2
+        ;;
+    esac
+done
 
 need_packages "${build_packages[@]}"
+! $ofono || need_packages "${desk_packages[@]}"
 echo "== Building"
 cmake --preset release -DKVQ_BUILD_TESTS=OFF -DKVQ_BUILD_QML=OFF -B build/demo >/dev/null
 cmake --build build/demo -- --quiet
 
-if [[ ${1-} == -i ]]; then
+desk=(scripts/desk.sh run --online --modem build/demo/modem/kvq-modem)
+case $ofono,$interactive in
+true,true)
+    "${desk[@]}" -- scripts/desk-console.sh build/demo
+    ;;
+true,false)
+    echo "== The tour"
+    "${desk[@]}" -- scripts/desk-tour.sh build/demo
+    ;;
+false,true)
     exec build/demo/console/kvq-console
-fi
-settings=$(mktemp -d)
-trap 'rm -rf "$settings"' EXIT
-echo "== The tour"
-build/demo/console/kvq-console --settings "$settings/settings.db" --script console/tour.kvq --echo
+    ;;
+*)
+    settings=$(mktemp -d)
+    trap 'rm -rf "$settings"' EXIT
+    echo "== The tour"
+    build/demo/console/kvq-console --settings "$settings/settings.db" --script console/tour.kvq --echo
+    ;;
+esac

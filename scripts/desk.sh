@@ -12,9 +12,12 @@
 #   KVQ_DESK                 the folder of this desk: bus.pid, modem.pid, daemon.pid (each the program's own process id),
 #                            modem.control, and the logs bus.log, modem.log, daemon.log (the AT traffic is in the last)
 #   KVQ_MODEM_PROGRAM        kvq-modem
+# and, so that nothing of the user's own is touched either, DBUS_SESSION_BUS_ADDRESS (the same bus), XDG_RUNTIME_DIR,
+# XDG_DATA_HOME, XDG_CONFIG_HOME and XDG_STATE_HOME (empty folders of this desk).
 #
 # Inside of it:
-#   scripts/desk.sh tell WORDS...   a command of the modem's prompt, as in: desk.sh tell .ring 5551234
+#   scripts/desk.sh tell WORDS...   a command of the modem's prompt, as in: desk.sh tell .ring 5551234;
+#                                   without words the prompt itself
 #   scripts/desk.sh online          powers the modem and waits until it is registered
 #   scripts/desk.sh daemon          starts the daemon anew after kill "$(cat "$KVQ_DESK/daemon.pid")"
 #   scripts/desk.sh bus             starts the bus anew, at the same address
@@ -24,6 +27,7 @@
 set -euo pipefail
 
 readonly deadline=150 # tenths of a second
+running=""
 
 fail() {
     echo "desk: $*" >&2
@@ -150,6 +154,9 @@ run() {
     done
     KVQ_DESK=$(mktemp -d "${TMPDIR:-/tmp}/kvq-desk.XXXXXX")
     export KVQ_DESK KVQ_MODEM_PROGRAM DBUS_SYSTEM_BUS_ADDRESS=unix:path=$KVQ_DESK/bus
+    export DBUS_SESSION_BUS_ADDRESS=$DBUS_SYSTEM_BUS_ADDRESS XDG_RUNTIME_DIR=$KVQ_DESK/run
+    export XDG_DATA_HOME=$KVQ_DESK/data XDG_CONFIG_HOME=$KVQ_DESK/config XDG_STATE_HOME=$KVQ_DESK/state
+    mkdir -m 700 "$XDG_RUNTIME_DIR" "$XDG_DATA_HOME" "$XDG_CONFIG_HOME" "$XDG_STATE_HOME"
     trap clear_away EXIT
     trap 'exit 130' INT
     trap 'exit 143' TERM HUP
@@ -157,13 +164,18 @@ run() {
     start_modem
     start_daemon
     ! $online || go_online
+    # In the background, so that a signal to this script is heard at once; with the terminal and Ctrl-C as ever.
     local status=0
-    "$@" || status=$?
+    env --default-signal=INT,QUIT "$@" <&0 &
+    running=$!
+    wait "$running" || status=$?
+    running=""
     exit "$status"
 }
 
 clear_away() {
     local name
+    [[ -z $running ]] || kill "$running" 2>/dev/null || true
     for name in daemon modem bus; do
         end $name
     done

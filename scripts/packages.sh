@@ -41,7 +41,7 @@ build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsqlite3-dev lib
 test_packages=(git libgtest-dev libgmock-dev qtbase5-dev clang-14 libclang-rt-14-dev clang-format-14 valgrind
     abigail-tools binutils dpkg-dev file ofono dbus)
 # The telephony daemon and its bus, for what runs on the desk.
-desk_packages=(ofono dbus util-linux)
+desk_packages=(ofono dbus tmux util-linux)
 # What the QML module and the settings application are built, translated and tested with.
 qml_packages=(qt6-declarative-dev qt6-declarative-dev-tools qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools
     libgl-dev qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript qml6-module-qtquick
