@@ -11,12 +11,6 @@ namespace Ofono::Card {
 
 namespace {
 
-/** The daemon takes about two seconds to ask for the counters. */
-constexpr std::chrono::milliseconds counterTime(4000);
-
-/** Reading a card takes a second or two. */
-constexpr std::chrono::milliseconds restartTime(2000);
-
 struct Kind {
     std::string_view name;
     const char *puk;       ///< what is asked for when this is blocked; null when nothing is
@@ -32,6 +26,12 @@ Kind &kindOf(std::string_view name)
 {
     return *std::find_if(kinds.begin(), kinds.end() - 1,
                          [name](const Kind &kind) { return kind.name == name; });
+}
+
+/** The daemon takes about two seconds to ask for the counters. */
+std::chrono::milliseconds counterTime()
+{
+    return 2 * Daemon::lengthOf(Deadline::AtHand);
 }
 
 bool isIdentified(const Properties &card)
@@ -89,14 +89,14 @@ _TAPI_RESULT_E outcomeOf(_TAPI_RESULT_E result, const Before &before)
             // All tries are what an earlier success has brought back, however late; a refusal leaves fewer.
             return blocked || asksAnew || (left && left != before.told && *left < kind.allTries);
         },
-        counterTime);
+        counterTime());
     if (asksAnew) // the daemon reads the card again, and may enter a PIN that it remembers
         Daemon::waitUntil(
             [] {
                 Properties card;
                 return read(card) == TAPI_RESULT_SUCC && isIdentified(card);
             },
-            restartTime);
+            Daemon::lengthOf(Deadline::AtHand));
     if (blocked)
         return TAPI_RESULT_PIN_REJECTED_FINAL;
     // More than was told means that what was told was old, and still one has been lost of what there really was.
