@@ -1,5 +1,6 @@
 // A service in the daemon's place.
 #include "FakeDaemon.h"
+#include "Desk.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +17,8 @@ FakeDaemon::FakeDaemon(Answerer answerer)
 {
     sd_bus *bus = nullptr;
     EXPECT_GE(sd_bus_open_system(&bus), 0);
-    EXPECT_GE(sd_bus_request_name(bus, "org.ofono", 0), 0);
+    // The bus may not have noticed yet that the daemon has ended.
+    EXPECT_TRUE(Desk::becomes([bus] { return sd_bus_request_name(bus, "org.ofono", 0) >= 0; }));
     m_thread = std::thread([this, bus] { serve(bus); });
 }
 
