@@ -1,6 +1,7 @@
 // The worker as a C++ application uses it.
 #include "CallSetupWorker.h"
 #include "LogModule.h"
+#include "Secret.h"
 #include "SimulatedPhone.h"
 
 #include <QCoreApplication>
@@ -183,6 +184,21 @@ TEST_F(CallSetupWorkerTest, LeavingCarriesOutWhatWasAsked)
     opener.join();
     EXPECT_TRUE(write.isFinished());
     EXPECT_TRUE(write.result());
+}
+
+TEST(SecretTest, WhatWasHandedOutIsWipedAndTheCallersTextIsNot)
+{
+    const QString pin = QString::fromLatin1("1234");
+    const Kvq::Secret secret(pin);
+    for (int use = 0; use < 2; ++use) {
+        QString kept; // shares the memory that is wiped
+        EXPECT_TRUE(secret.with([&](const QString &text) {
+            kept = text;
+            return text == pin;
+        }));
+        EXPECT_EQ(kept, QString(4, QChar(0)));
+    }
+    EXPECT_EQ(pin, QLatin1String("1234"));
 }
 
 // A program of its own: what happens at its very end is looked at from outside.
