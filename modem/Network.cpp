@@ -127,7 +127,7 @@ Answer registration(Modem &modem, Session &session, const Command &command)
         std::string line =
             "+CREG: " + std::to_string(told) + ',' + std::to_string(modem.registrationStatus());
         if (told == 2 && modem.isRegistered())
-            line += ",\"00C3\",\"0000A1B2\"," + std::to_string(utran);
+            line += R"(,"00C3","0000A1B2",)" + std::to_string(utran);
         return Answer::line(line);
     }
     const auto told = command.number(0, 0);
