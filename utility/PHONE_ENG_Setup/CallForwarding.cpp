@@ -42,7 +42,7 @@ unsigned char timerFor(_TAPI_CS_DIVERT_WHEN_E when, int defaultTimer)
 
 int PHONE_ENG_Setup::getDefaultCallForwardTimer()
 {
-    const int stored = Settings::read(Settings::setupGroup, "CallForwardTimer", 5);
+    const int stored = Settings::read(Settings::setupGroup, u"CallForwardTimer", 5);
     if (stored == noTimer)
         return noTimer;
     if (stored < 1 || stored > 30)

@@ -9,102 +9,102 @@
 
 bool PHONE_ENG_Setup::isReminder()
 {
-    return Settings::read(Settings::setupGroup, "reminder", true);
+    return Settings::read(Settings::setupGroup, u"reminder", true);
 }
 
 bool PHONE_ENG_Setup::setReminder(bool on)
 {
-    return Settings::write(*this, Settings::setupGroup, "reminder", on);
+    return Settings::write(*this, Settings::setupGroup, u"reminder", on);
 }
 
 bool PHONE_ENG_Setup::isFlipAnswer()
 {
-    return Settings::read(Settings::setupGroup, "flipAnswer", false);
+    return Settings::read(Settings::setupGroup, u"flipAnswer", false);
 }
 
 bool PHONE_ENG_Setup::setFlipAnswer(bool on)
 {
-    return Settings::write(*this, Settings::setupGroup, "flipAnswer", on);
+    return Settings::write(*this, Settings::setupGroup, u"flipAnswer", on);
 }
 
 bool PHONE_ENG_Setup::isAnykeyAnswer()
 {
-    return Settings::read(Settings::setupGroup, "anykeyAnswer", false);
+    return Settings::read(Settings::setupGroup, u"anykeyAnswer", false);
 }
 
 bool PHONE_ENG_Setup::setAnykeyAnswer(bool on)
 {
-    return Settings::write(*this, Settings::setupGroup, "anykeyAnswer", on);
+    return Settings::write(*this, Settings::setupGroup, u"anykeyAnswer", on);
 }
 
 bool PHONE_ENG_Setup::isAutoAnswer()
 {
-    return Settings::read(Settings::setupGroup, "autoAnswer", false);
+    return Settings::read(Settings::setupGroup, u"autoAnswer", false);
 }
 
 bool PHONE_ENG_Setup::setAutoAnswer(bool on)
 {
     if (!setupCheckSystemStatus())
         return false;
-    return Settings::write(*this, Settings::setupGroup, "autoAnswer", on);
+    return Settings::write(*this, Settings::setupGroup, u"autoAnswer", on);
 }
 
 bool PHONE_ENG_Setup::isPrepend()
 {
-    return Settings::read(Settings::setupGroup, "prepend", false);
+    return Settings::read(Settings::setupGroup, u"prepend", false);
 }
 
 bool PHONE_ENG_Setup::setPrepend(bool on)
 {
     if (!setupCheckSystemStatus())
         return false;
-    return Settings::write(*this, Settings::setupGroup, "prepend", on);
+    return Settings::write(*this, Settings::setupGroup, u"prepend", on);
 }
 
 bool PHONE_ENG_Setup::isMsgAlert()
 {
-    return Settings::read(Settings::setupGroup, "msgAlert", false);
+    return Settings::read(Settings::setupGroup, u"msgAlert", false);
 }
 
 bool PHONE_ENG_Setup::setMsgAlert(bool on)
 {
     if (!setupCheckSystemStatus())
         return false;
-    return Settings::write(*this, Settings::setupGroup, "msgAlert", on);
+    return Settings::write(*this, Settings::setupGroup, u"msgAlert", on);
 }
 
 bool PHONE_ENG_Setup::isRoamAlert()
 {
-    return Settings::read(Settings::setupGroup, "roamAlert", false);
+    return Settings::read(Settings::setupGroup, u"roamAlert", false);
 }
 
 bool PHONE_ENG_Setup::setRoamAlert(bool on)
 {
     if (!setupCheckSystemStatus())
         return false;
-    return Settings::write(*this, Settings::setupGroup, "roamAlert", on);
+    return Settings::write(*this, Settings::setupGroup, u"roamAlert", on);
 }
 
 bool PHONE_ENG_Setup::isAutoFallbackVoiceCall()
 {
-    return Settings::read(Settings::setupGroup, "AutoFallbackVoiceCall", false);
+    return Settings::read(Settings::setupGroup, u"AutoFallbackVoiceCall", false);
 }
 
 bool PHONE_ENG_Setup::setAutoFallbackVoiceCall(bool on)
 {
     if (!setupCheckSystemStatus())
         return false;
-    return Settings::write(*this, Settings::setupGroup, "AutoFallbackVoiceCall", on);
+    return Settings::write(*this, Settings::setupGroup, u"AutoFallbackVoiceCall", on);
 }
 
 bool PHONE_ENG_Setup::isHACOn()
 {
-    return Settings::read(Settings::setupGroup, "HearingAidCapability", false);
+    return Settings::read(Settings::setupGroup, u"HearingAidCapability", false);
 }
 
 bool PHONE_ENG_Setup::setHAC(bool on)
 {
-    return Settings::write(*this, Settings::setupGroup, "HearingAidCapability", on);
+    return Settings::write(*this, Settings::setupGroup, u"HearingAidCapability", on);
 }
 
 bool PHONE_ENG_Setup::isHACEnabled()
@@ -117,7 +117,7 @@ bool PHONE_ENG_Setup::isHACEnabled()
 
 bool PHONE_ENG_Setup::getAudibleTimer(int &timer)
 {
-    timer = Settings::read(Settings::setupGroup, "audibleTimer", -1);
+    timer = Settings::read(Settings::setupGroup, u"audibleTimer", -1);
     return true;
 }
 
@@ -125,7 +125,7 @@ bool PHONE_ENG_Setup::setAudibleTimer(int timer)
 {
     if (!setupCheckSystemStatus())
         return false;
-    return Settings::write(*this, Settings::setupGroup, "audibleTimer", timer);
+    return Settings::write(*this, Settings::setupGroup, u"audibleTimer", timer);
 }
 
 bool PHONE_ENG_Setup::getHyphenation(PHONE_SETUP_HYPHENATION_T &mode)
@@ -136,7 +136,7 @@ bool PHONE_ENG_Setup::getHyphenation(PHONE_SETUP_HYPHENATION_T &mode)
         return false;
     }
     SETUP_SET_Manager store(AM_Global::CallSetup, false);
-    const int stored = Settings::get(store, Settings::setupGroup, "HyphenSetting",
+    const int stored = Settings::get(store, Settings::setupGroup, u"HyphenSetting",
                                      static_cast<int>(PHONE_SETUP_HYPHENATION_DEFAULT));
     mode = static_cast<PHONE_SETUP_HYPHENATION_T>(stored);
     UTIL_SetDialHyphenation(stored);
@@ -147,14 +147,14 @@ bool PHONE_ENG_Setup::setHyphenation(PHONE_SETUP_HYPHENATION_T mode)
 {
     if (!setupCheckSystemStatus())
         return false;
-    return Settings::write(*this, Settings::setupGroup, "HyphenSetting", static_cast<int>(mode),
+    return Settings::write(*this, Settings::setupGroup, u"HyphenSetting", static_cast<int>(mode),
                            UTIL_SetDialHyphenation);
 }
 
 bool PHONE_ENG_Setup::getSearchMode(PHONE_SETUP_SEARCH_MODE_T &mode)
 {
     mode = static_cast<PHONE_SETUP_SEARCH_MODE_T>(Settings::read(
-        Settings::setupGroup, "SearchMode", static_cast<int>(PHONE_SETUP_SEARCH_MODE_DEFAULT)));
+        Settings::setupGroup, u"SearchMode", static_cast<int>(PHONE_SETUP_SEARCH_MODE_DEFAULT)));
     return true;
 }
 
@@ -162,18 +162,18 @@ bool PHONE_ENG_Setup::setSearchMode(PHONE_SETUP_SEARCH_MODE_T mode)
 {
     if (!setupCheckSystemStatus())
         return false;
-    return Settings::write(*this, Settings::setupGroup, "SearchMode", static_cast<int>(mode));
+    return Settings::write(*this, Settings::setupGroup, u"SearchMode", static_cast<int>(mode));
 }
 
 bool PHONE_ENG_Setup::getMatchNumIndicate(int &indicate)
 {
-    indicate = Settings::read(Settings::matchingGroup, "MatchNumIndicate", 3);
+    indicate = Settings::read(Settings::matchingGroup, u"MatchNumIndicate", 3);
     return true;
 }
 
 bool PHONE_ENG_Setup::getNddPrefix(QString &prefix)
 {
-    prefix = Settings::read(Settings::setupGroup, "NDDPrefix", QStringLiteral("0"));
+    prefix = Settings::read(Settings::setupGroup, u"NDDPrefix", QStringLiteral("0"));
     return true;
 }
 

@@ -151,7 +151,7 @@ _TAPI_RESULT_E PHONE_ENG_Setup::isCallWaiting(bool &on)
         return TAPI_RESULT_FAIL;
     }
     SETUP_SET_Manager store(AM_Global::CallSetup, false);
-    const bool asksNetwork = Settings::get(store, Settings::setupGroup, "DisCMReq", true);
+    const bool asksNetwork = Settings::get(store, Settings::setupGroup, u"DisCMReq", true);
     LOG_MESSAGE(R"(get config item PHONE_CALLSETUP_ITEM_CM_REQUEST status: %d\n)", asksNetwork);
     if (!asksNetwork)
         return callWaitingNotAsked;

@@ -9,19 +9,19 @@ constexpr int lastSlot = 9;
 constexpr int defaultLocation = 2;
 constexpr char suffixMark = '@';
 
-QByteArray entryKey(int slot)
+QString entryKey(int slot)
 {
-    return QByteArray::number(slot, 10);
+    return QString::number(slot, 10);
 }
 
-QByteArray oneTouchKey(unsigned char slot)
+QString oneTouchKey(unsigned char slot)
 {
-    return "OneTouchNumber" + QByteArray::number(slot, 10);
+    return QLatin1String("OneTouchNumber") + QString::number(slot, 10);
 }
 
-QByteArray locationKey(unsigned char slot)
+QString locationKey(unsigned char slot)
 {
-    return "SpeedLocation" + QByteArray::number(slot, 10);
+    return QLatin1String("SpeedLocation") + QString::number(slot, 10);
 }
 
 } // namespace
@@ -29,8 +29,7 @@ QByteArray locationKey(unsigned char slot)
 bool PHONE_ENG_Setup::isOneTouchNumber(unsigned char slot, QString &number)
 {
     SETUP_SET_Manager store(AM_Global::CallSetup, false);
-    number =
-        Settings::get(store, Settings::turboDialingGroup, oneTouchKey(slot).constData(), QStringLiteral(""));
+    number = Settings::get(store, Settings::turboDialingGroup, oneTouchKey(slot), QStringLiteral(""));
     if (number.isEmpty())
         return false;
     LOG_MESSAGE(R"(the onetouchnumber %d is not null, it is %s)", slot, number.toLatin1().constData());
@@ -43,8 +42,7 @@ QString PHONE_ENG_Setup::getTurboDialing(int slot, bool full)
     SETUP_SET_Manager store(AM_Global::CallSetup, false);
     if (isOneTouchNumber(static_cast<unsigned char>(slot), number))
         return number;
-    number =
-        Settings::get(store, Settings::turboDialingGroup, entryKey(slot).constData(), QStringLiteral(""));
+    number = Settings::get(store, Settings::turboDialingGroup, entryKey(slot), QStringLiteral(""));
     return full ? number : number.left(number.indexOf(QLatin1Char(suffixMark)));
 }
 
@@ -59,7 +57,7 @@ bool PHONE_ENG_Setup::setTurboDialing(int slot, const QString &number)
 {
     if (!setupCheckSystemStatus())
         return false;
-    return Settings::write(*this, Settings::turboDialingGroup, entryKey(slot).constData(), number);
+    return Settings::write(*this, Settings::turboDialingGroup, entryKey(slot), number);
 }
 
 bool PHONE_ENG_Setup::setTurboDialing(const QStringList &list)
@@ -71,7 +69,7 @@ bool PHONE_ENG_Setup::setTurboDialing(const QStringList &list)
     for (const QString &number : list) {
         if (slot > lastSlot)
             break;
-        Settings::put(store, Settings::turboDialingGroup, entryKey(slot).constData(), number);
+        Settings::put(store, Settings::turboDialingGroup, entryKey(slot), number);
         ++slot;
     }
     const bool stored = store.flush();
@@ -82,11 +80,11 @@ bool PHONE_ENG_Setup::setTurboDialing(const QStringList &list)
 
 int PHONE_ENG_Setup::getTurboDialingLocation(unsigned char slot)
 {
-    return Settings::read(Settings::turboDialingGroup, locationKey(slot).constData(), defaultLocation);
+    return Settings::read(Settings::turboDialingGroup, locationKey(slot), defaultLocation);
 }
 
 bool PHONE_ENG_Setup::setTurboDialingLocation(unsigned char slot, int location)
 {
     SETUP_SET_Manager store(AM_Global::CallSetup, false);
-    return Settings::put(store, Settings::turboDialingGroup, locationKey(slot).constData(), location);
+    return Settings::put(store, Settings::turboDialingGroup, locationKey(slot), location);
 }

@@ -27,7 +27,7 @@ QString noPicture()
 bool PHONE_ENG_Setup::getCameraMute(PHONE_SETUP_CAMERA_MUTE_T &mute)
 {
     mute = static_cast<PHONE_SETUP_CAMERA_MUTE_T>(
-        Settings::read(Settings::setupGroup, "VTCameraMute", static_cast<int>(PHONE_SETUP_CAMERA_MUTE_OFF)));
+        Settings::read(Settings::setupGroup, u"VTCameraMute", static_cast<int>(PHONE_SETUP_CAMERA_MUTE_OFF)));
     return true;
 }
 
@@ -35,13 +35,13 @@ bool PHONE_ENG_Setup::setCameraMute(PHONE_SETUP_CAMERA_MUTE_T mute)
 {
     if (!setupCheckSystemStatus())
         return false;
-    return Settings::write(*this, Settings::setupGroup, "VTCameraMute", static_cast<int>(mute));
+    return Settings::write(*this, Settings::setupGroup, u"VTCameraMute", static_cast<int>(mute));
 }
 
 QString PHONE_ENG_Setup::getCameraOffImage()
 {
     SETUP_SET_Manager store(AM_Global::CallSetup, false);
-    const QString image = Settings::get(store, Settings::setupGroup, "cameraOffImage", QStringLiteral(""));
+    const QString image = Settings::get(store, Settings::setupGroup, u"cameraOffImage", QStringLiteral(""));
     if (image.isEmpty())
         return getDefaultCameraOffImage();
     if (image == noPicture())
@@ -68,7 +68,7 @@ bool PHONE_ENG_Setup::setCameraOffImage(const QString &path)
     if (!setupCheckSystemStatus())
         return false;
     SETUP_SET_Manager store(AM_Global::CallSetup, true);
-    const bool stored = Settings::put(store, Settings::setupGroup, "cameraOffImage", path);
+    const bool stored = Settings::put(store, Settings::setupGroup, u"cameraOffImage", path);
     if (stored) {
         LOG_MESSAGE(R"(setCameraOffImage to %s successfully\n)", path.toLatin1().constData());
     } else {
@@ -82,7 +82,7 @@ bool PHONE_ENG_Setup::setCameraOffImage(const QString &path)
 
 bool PHONE_ENG_Setup::getRVCAlertType(bool &alert)
 {
-    alert = Settings::read(Settings::videoCallGroup, "CapableAlert", false);
+    alert = Settings::read(Settings::videoCallGroup, u"CapableAlert", false);
     return true;
 }
 
@@ -90,13 +90,13 @@ bool PHONE_ENG_Setup::setRVCAlertType(bool alert)
 {
     if (!setupCheckSystemStatus())
         return false;
-    return Settings::write(*this, Settings::videoCallGroup, "CapableAlert", alert);
+    return Settings::write(*this, Settings::videoCallGroup, u"CapableAlert", alert);
 }
 
 bool PHONE_ENG_Setup::getRVCInvitationTimer(int &timeout)
 {
     const long long stored =
-        Settings::read(Settings::videoCallGroup, "InvitationTimeOut", defaultInvitationTimeout);
+        Settings::read(Settings::videoCallGroup, u"InvitationTimeOut", defaultInvitationTimeout);
     timeout = static_cast<int>(std::clamp<long long>(stored * 1000, std::numeric_limits<int>::min(),
                                                      std::numeric_limits<int>::max()));
     return true;
