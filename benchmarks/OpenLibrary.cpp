@@ -13,8 +13,8 @@
 
 namespace {
 
-constexpr int samples = 31;
-constexpr double limit = 1.0;
+constexpr int samples = 41;
+constexpr double limit = 0.5;
 
 /** The mangled names of the two instance() functions. */
 constexpr std::array instances = {"_ZN15PHONE_ENG_Setup8instanceEv", "_ZN21PHONE_ENG_NtInterface8instanceEv"};
@@ -62,9 +62,9 @@ int main(int argc, char **argv)
         }
         times.push_back(time);
     }
-    std::sort(times.begin(), times.end());
-    const double median = times[times.size() / 2];
-    std::printf("opening the library and both objects: %.3f ms  (at most %.0f ms) %s\n", median, limit,
-                median <= limit ? "" : "EXCEEDED");
-    return median <= limit ? 0 : 1;
+    // The least of many fresh processes: the others were held up by what else the machine does.
+    const double least = *std::min_element(times.begin(), times.end());
+    std::printf("%-54s %10.3f ms %4.1f ms  %s\n", "opening the library and both objects", least, limit,
+                least <= limit ? "holds" : "EXCEEDED");
+    return least <= limit ? 0 : 1;
 }

@@ -123,15 +123,15 @@ public:
      * The search requests start or stop the modem's work; the networks found do not come with them.
      * @{ */
 
-    /** Starts a search for networks. @platform `TAPI_NETWORK_FindNewNetworks`. */
+    /** @platform `TAPI_NETWORK_FindNewNetworks`. */
     bool findNewNetwork();
-    /** Starts the search again. @platform `TAPI_NETWORK_RescanNetwork`. */
+    /** @platform `TAPI_NETWORK_RescanNetwork`. */
     bool rescanNetwork();
-    /** Starts a search for the networks that may be used here. @platform `TAPI_NETWORK_GetAvailableNetwork`. */
+    /** @platform `TAPI_NETWORK_GetAvailableNetwork`. */
     bool getAvailableNetworks();
-    /** Stops that search. @platform `TAPI_NETWORK_CancelGetAvailableNetworks`. */
+    /** @platform `TAPI_NETWORK_CancelGetAvailableNetworks`. */
     bool cancelGetAvailableNetworks();
-    /** Stops the search for networks. @platform `TAPI_NETWORK_CancelFindNewNetworks`. */
+    /** @platform `TAPI_NETWORK_CancelFindNewNetworks`. */
     bool cancelFindNewNetworks();
 
     /**

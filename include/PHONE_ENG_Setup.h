@@ -182,7 +182,7 @@ public:
      */
     bool getNddPrefix(QString &prefix);
 
-    /** Whether the phone has an input method. @platform `ZKbConfig::isInputModeSupported`, whose answer this is. */
+    /** @platform `ZKbConfig::isInputModeSupported`, whose answer this is. */
     bool isSupportedInputMethod(const QUuid &inputMethod);
 
     /** @} */
@@ -254,7 +254,7 @@ public:
      */
     QString getDefaultCameraOffImage();
     /**
-     * Chooses the picture that stands in for the camera. Guarded.
+     * Guarded.
      * @param path path of the picture, "black" for none, "" for the default one
      */
     bool setCameraOffImage(const QString &path);
@@ -289,7 +289,7 @@ public:
     int getDefaultCallForwardTimer();
 
     /**
-     * Whether voice calls are forwarded, and where to. Guarded.
+     * Guarded.
      * @param[out] active whether voice calls are forwarded under that condition
      * @param[out] number the number they are forwarded to
      * @param when the condition
@@ -302,7 +302,7 @@ public:
     _TAPI_RESULT_E getFaxCallsDivert(bool &active, QString &number, _TAPI_CS_DIVERT_WHEN_E when);
 
     /**
-     * Forwards voice calls, or no longer. Guarded.
+     * Guarded.
      * @param enable whether to forward voice calls under that condition
      * @param when the condition. Conditions 0, 1 and 3 go without a no-reply timer (255), all others with
      *        getDefaultCallForwardTimer().
@@ -396,9 +396,9 @@ public:
     /** @platform `TAPI_CS_SetChargeDisplay`. */
     _TAPI_RESULT_E setMeterDisplay(unsigned char display);
 
-    /** Sets the call meter to zero. @platform `TAPI_CS_ResetCallMeter`. */
+    /** @platform `TAPI_CS_ResetCallMeter`. */
     _TAPI_RESULT_E resetCallMeter();
-    /** Sets the call time to zero. @platform `TAPI_CS_ResetCallTime`. */
+    /** @platform `TAPI_CS_ResetCallTime`. */
     _TAPI_RESULT_E resetCallTime();
 
     /**
@@ -422,7 +422,7 @@ public:
      * @platform `TAPI_FIXDIALING_GetAvailability`.
      */
     bool isFixedDialingAvailable();
-    /** Whether only fixed numbers can be dialled. @platform `TAPI_FIXDIALING_GetStatus`. */
+    /** @platform `TAPI_FIXDIALING_GetStatus`. */
     _TAPI_RESULT_E isFixedDialing(bool &on);
     /**
      * Switches fixed dialling.
@@ -469,11 +469,7 @@ public:
     /** @platform `TAPI_CS_SetVoiceWaitingStatus`, whatever "DisCMReq" says. */
     _TAPI_RESULT_E setCallWaiting(bool on);
 
-    /**
-     * Whether a number is redialled by itself.
-     * @param[out] on also set, to false, when the hook refuses
-     * @platform `TAPI_CS_GetAutoRedialStatus`.
-     */
+    /** @param[out] on also set, to false, when the hook refuses. @platform `TAPI_CS_GetAutoRedialStatus`. */
     _TAPI_RESULT_E isAutoRedial(bool &on);
     /** @platform `TAPI_CS_SetAutoRedialStatus`. */
     _TAPI_RESULT_E setAutoRedial(bool on);
@@ -536,7 +532,7 @@ public:
      *           2040 and 160, and for 2168 (line 1) or 2007 and 2189 (line 2).
      */
     bool isVmHotKeysAvailable() const;
-    /** Does nothing. @return false: mailbox numbers are not loaded from the SIM. */
+    /** @return false: mailbox numbers are not loaded from the SIM. */
     bool loadVoiceMailboxNumberFromSIM();
 
     /** @} */
@@ -549,11 +545,11 @@ public:
      * "PIN ERROR" for #TAPI_RESULT_PIN_REJECTED_FINAL, nothing for other results.
      * @{ */
 
-    /** Verifies PIN1. @platform `TAPI_SECURITY_VerifyPinPassword`. */
+    /** @platform `TAPI_SECURITY_VerifyPinPassword`. */
     static _TAPI_RESULT_E setupVerifySimPin(const QString &pin);
-    /** Changes PIN1. The log shows both PINs in clear. @platform `TAPI_SECURITY_ChangePinPassword`. */
+    /** The log shows both PINs in clear. @platform `TAPI_SECURITY_ChangePinPassword`. */
     _TAPI_RESULT_E changeSimPin(const QString &oldPin, const QString &newPin);
-    /** Unblocks PIN1 with its PUK. The log shows PUK and PIN in clear. @platform `TAPI_SECURITY_UnblockPinPassword`. */
+    /** The log shows PUK and PIN in clear. @platform `TAPI_SECURITY_UnblockPinPassword`. */
     _TAPI_RESULT_E unblockingPin(const QString &puk, const QString &newPin);
     /** As unblockingPin(), without log messages. @platform `TAPI_SECURITY_UnblockPinPassword`. */
     static _TAPI_RESULT_E setupUnblockSimPin1(const QString &puk, const QString &newPin);
@@ -568,27 +564,20 @@ public:
     /** Publishes the outcome of a PIN1 request. @platform `UTIL_SetPinStatus`. */
     static void processPIN1ResultError(_TAPI_RESULT_E result);
 
-    /** Verifies PIN2. Publishes nothing. @platform `TAPI_SECURITY_VerifyPin2Password`. */
+    /** Publishes nothing. @platform `TAPI_SECURITY_VerifyPin2Password`. */
     _TAPI_RESULT_E verifyPin2Code(const QString &pin2);
-    /** Changes PIN2; publishes nothing. The log shows both PINs in clear. @platform `TAPI_SECURITY_ChangePinPassword`. */
+    /** Publishes nothing. The log shows both PINs in clear. @platform `TAPI_SECURITY_ChangePinPassword`. */
     _TAPI_RESULT_E changeSimPin2(const QString &oldPin2, const QString &newPin2);
-    /**
-     * Unblocks PIN2 with its PUK; publishes nothing. The log shows PUK and PIN in clear.
-     * @platform `TAPI_SECURITY_UnblockPinPassword`.
-     */
+    /** Publishes nothing. The log shows PUK and PIN in clear. @platform `TAPI_SECURITY_UnblockPinPassword`. */
     static _TAPI_RESULT_E unblockingPin2(const QString &puk2, const QString &newPin2);
-    /**
-     * The state of PIN2.
-     * @param[out] status written by the platform
-     * @platform `TAPI_SECURITY_GetAnyPinStatus`.
-     */
+    /** @param[out] status written by the platform. @platform `TAPI_SECURITY_GetAnyPinStatus`. */
     _TAPI_RESULT_E readPin2Status(_TAPI_SECURITY_PIN_STATUS_E &status);
 
-    /** Verifies the UPIN. @platform `TAPI_SECURITY_VerifyPinPassword`. */
+    /** @platform `TAPI_SECURITY_VerifyPinPassword`. */
     static _TAPI_RESULT_E setupVerifyUpin(const QString &upin);
-    /** Changes the UPIN. The log shows both PINs in clear. @platform `TAPI_SECURITY_ChangePinPassword`. */
+    /** The log shows both PINs in clear. @platform `TAPI_SECURITY_ChangePinPassword`. */
     _TAPI_RESULT_E setupChangeUpin(const QString &oldUpin, const QString &newUpin);
-    /** Unblocks the UPIN with its PUK. @platform `TAPI_SECURITY_UnblockPinPassword`. */
+    /** @platform `TAPI_SECURITY_UnblockPinPassword`. */
     static _TAPI_RESULT_E setupUnblockUpin(const QString &puk, const QString &newUpin);
     /**
      * The state of the UPIN.
@@ -701,7 +690,7 @@ public:
      * @platform `TAPI_ACCE_GetBpVersion`.
      */
     _TAPI_RESULT_E getBpVersion(unsigned char *version);
-    /** Whether a crash of the baseband processor is shown. @return true. */
+    /** @return true. */
     bool isShowBpPanic();
 
     /** @} */
