@@ -39,7 +39,7 @@ need_packages() {
 build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsqlite3-dev libedit-dev
     libsystemd-dev)
 test_packages=(git libgtest-dev libgmock-dev qtbase5-dev clang-14 libclang-rt-14-dev clang-format-14 valgrind
-    abigail-tools binutils dpkg-dev file ofono dbus)
+    abigail-tools binutils dbus dpkg-dev fakeroot file lintian lld ofono)
 # The telephony daemon and its bus, for what runs on the desk.
 desk_packages=(ofono dbus tmux util-linux)
 # What the QML module and the settings application are built, translated and tested with.
@@ -48,3 +48,5 @@ qml_packages=(qt6-declarative-dev qt6-declarative-dev-tools qt6-tools-dev qt6-to
     qml6-module-qtquick-window qml6-module-qttest)
 # Cross building for ARM phones and running what was built.
 arm_packages=(g++-aarch64-linux-gnu g++-arm-linux-gnueabihf qemu-user mmdebstrap)
+# What the Debian packages are made with.
+deb_packages=(debhelper doxygen dpkg-dev)

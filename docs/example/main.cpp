@@ -1,13 +1,21 @@
 // A settings screen in small: it shows a preference, changes it, and hears when the disk is full.
+#include <LogModule.h>
 #include <PHONE_ENG_Setup.h>
 #include <PHONE_ENG_WrapTapi.h>
 
 #include <QCoreApplication>
 #include <QDebug>
 
+#include <cstdio>
+
 int main(int argc, char **argv)
 {
     QCoreApplication application(argc, argv);
+
+    // The engine's log shows numbers and PINs in clear. It goes where KVQ_LOG says, and nowhere without it: left null,
+    // the stream is standard output.
+    if (!libaplog_to_module_ptr)
+        libaplog_to_module_ptr = std::fopen("/dev/null", "we");
 
     // Once a process, before any telephony request.
     if (PHONE_ENG_TAPI_initiation() != TAPI_RESULT_SUCC)

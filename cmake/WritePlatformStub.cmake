@@ -1,0 +1,32 @@
+# Writes the source of a library that has the platform's name and defines what the engine asks of a platform, as traps.
+# Run with -DNM=… -DENGINE=… -DPLATFORM=… -DSOURCE=…
+cmake_minimum_required(VERSION 3.25)
+execute_process(COMMAND ${NM} -D --undefined-only ${ENGINE} OUTPUT_VARIABLE asked COMMAND_ERROR_IS_FATAL ANY)
+execute_process(COMMAND ${NM} -D --defined-only --print-size ${PLATFORM}
+    OUTPUT_VARIABLE answered COMMAND_ERROR_IS_FATAL ANY)
+
+string(REGEX MATCHALL "U [A-Za-z0-9_]+" asked "${asked}")
+list(TRANSFORM asked REPLACE "^U " "")
+string(REPLACE "\n" ";" answered "${answered}")
+
+set(declarations "")
+foreach(line IN LISTS answered)
+    if(NOT line MATCHES "^[0-9a-f]+ +([0-9a-f]+ +)?([A-Za-z]) ([A-Za-z0-9_]+)")
+        continue()
+    endif()
+    set(size "${CMAKE_MATCH_1}")
+    set(type ${CMAKE_MATCH_2})
+    set(name ${CMAKE_MATCH_3})
+    if(NOT name IN_LIST asked)
+        continue()
+    elseif(type MATCHES "[TWi]")
+        string(APPEND declarations "void ${name}() { __builtin_trap(); }\n")
+    else()
+        string(STRIP "${size}" size)
+        string(APPEND declarations "char ${name}[0x${size}];\n")
+    endif()
+endforeach()
+if(NOT declarations)
+    message(FATAL_ERROR "${PLATFORM} answers nothing that the engine asks for")
+endif()
+file(WRITE ${SOURCE} "extern \"C\" {\n${declarations}}\n")

@@ -1,0 +1,26 @@
+#!/usr/bin/env bash
+# Makes the Debian packages in build/deb, with the flags of Debian's packages or of a build folder that is there already.
+# usage: scripts/deb.sh [BUILD_FOLDER [OUTPUT_FOLDER]]
+set -euo pipefail
+cd "$(dirname "$0")/.."
+source scripts/packages.sh
+need_packages "${build_packages[@]}" "${qml_packages[@]}" "${deb_packages[@]}"
+
+output=${2-build/deb}
+mkdir -p "$output"
+output=$(realpath "$output")
+(($# == 0)) || KVQ_BUILD=$(realpath "$1")
+export KVQ_BUILD
+
+# The packaging tools work beside what they read, and leave their traces there, so they get a copy.
+source=$output/source
+rm -rf "$output"/*.deb "$source"
+mkdir "$source"
+tar -c --exclude=./build --exclude=./.git . | tar -x -C "$source"
+(cd "$source" && debian/rules binary) >"$output/log" 2>&1 || {
+    echo "error: the last lines of $output/log:" >&2
+    tail -n 30 "$output/log" >&2
+    exit 1
+}
+rm -rf "$source"
+ls "$output"/*.deb
