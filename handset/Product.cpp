@@ -100,7 +100,7 @@ bool Product::read(const std::string &path)
         const auto value =
             equals == std::string::npos ? std::nullopt : parsedFlag(trimmed(line.substr(equals + 1)));
         if (!value)
-            report(path, number, "expected \"key = yes\" or \"key = no\"");
+            report(path, number, R"(expected "key = yes" or "key = no")");
         else if (!set(section, trimmed(line.substr(0, equals)), *value))
             report(path, number, "no such key in " + (section.empty() ? "no section" : section));
     }
