@@ -9,6 +9,7 @@
  */
 class PHONE_Msg : public QObject {
 public:
+    /** The numbers are this boundary's; a port translates them. */
     enum PHONE_MSG_TYPE_T : unsigned int {
         PHONE_MSG_LINE_CHANGED = 66, ///< the selected line has changed
     };

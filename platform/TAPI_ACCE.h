@@ -3,12 +3,13 @@
 
 #include "TAPI_RESULT.h"
 
-/** Handed on as received; the enumerators are the ones that the simulated phone understands. */
+/** Handed on as received. The numbers are this boundary's; a port translates them. */
 enum _TAPI_USB_CABLE_STATUS_E : unsigned int {
     TAPI_USB_CABLE_DETACHED = 0,
     TAPI_USB_CABLE_ATTACHED = 1,
 };
 
+/** Handed on as received. The numbers are this boundary's; a port translates them. */
 enum _TAPI_USB_CHARGING_E : unsigned int {
     TAPI_USB_CHARGING_OFF = 0,
     TAPI_USB_CHARGING_ON = 1,

@@ -3,6 +3,7 @@
 
 #include "TAPI_RESULT.h"
 
+/** State of a call. The numbers are this boundary's; a port translates them. */
 enum _TAPI_CALL_STATE_E : unsigned int {
     TAPI_CALL_STATE_IDLE = 0,
     TAPI_CALL_STATE_DIALLING = 1,

@@ -5,7 +5,7 @@
 
 #include <cstddef>
 
-/** Forwarding reasons, numbered as in 3GPP TS 27.007 (+CCFC). */
+/** Forwarding reasons, numbered as in 3GPP TS 27.007 (+CCFC). The numbers are this boundary's; a port translates them. */
 enum _TAPI_CS_DIVERT_WHEN_E : unsigned int {
     TAPI_CS_DIVERT_UNCONDITIONAL = 0,
     TAPI_CS_DIVERT_BUSY = 1,
@@ -15,7 +15,10 @@ enum _TAPI_CS_DIVERT_WHEN_E : unsigned int {
     TAPI_CS_DIVERT_ALL_CONDITIONAL = 5,
 };
 
-/** Caller-id restriction. The engine produces 0, 1 and 2 and passes every other value through. */
+/**
+ * Caller-id restriction. The engine produces 0, 1 and 2 and passes every other value through. The numbers are this
+ * boundary's; a port translates them.
+ */
 enum _TAPI_CALL_RESTRICT_ID_E : unsigned int {
     TAPI_CALL_RESTRICT_ID_NETWORK = 0,
     TAPI_CALL_RESTRICT_ID_INVOKE = 1,

@@ -5,12 +5,13 @@
 
 #include <cstddef>
 
-/** Handed on as received; the enumerators are the ones that the simulated phone understands. */
+/** Who chooses the network. Handed on as received. The numbers are this boundary's; a port translates them. */
 enum _TAPI_NETWORK_SEARCH_MODE_E : unsigned int {
     TAPI_NETWORK_SEARCH_AUTOMATIC = 0,
     TAPI_NETWORK_SEARCH_MANUAL = 1,
 };
 
+/** How often a lost network is looked for. The numbers are this boundary's; a port translates them. */
 enum _TAPI_NETWORK_SEARCH_SPEED_E : unsigned int {
     TAPI_NETWORK_SEARCH_SLOW = 0,
     TAPI_NETWORK_SEARCH_MEDIUM = 1,
@@ -18,6 +19,7 @@ enum _TAPI_NETWORK_SEARCH_SPEED_E : unsigned int {
     TAPI_NETWORK_SEARCH_CONTINUOUS = 3,
 };
 
+/** Handed on as received. The numbers are this boundary's; a port translates them. */
 enum _TAPI_NETWORK_BAND_E : unsigned int {
     TAPI_NETWORK_BAND_AUTOMATIC = 0,
     TAPI_NETWORK_BAND_GSM_900_1800 = 1,

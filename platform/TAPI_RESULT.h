@@ -5,7 +5,8 @@
  * Result of a telephony request: 0 for success, any other value names a failure.
  *
  * A platform defines many more values than stand here; these are the ones that the engine produces
- * or tests itself. Every other value passes through the engine unchanged.
+ * or tests itself. Every other value passes through the engine unchanged. The numbers are this boundary's; a port
+ * translates them.
  */
 enum _TAPI_RESULT_E : unsigned int {
     TAPI_RESULT_SUCC = 0,

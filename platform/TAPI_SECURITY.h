@@ -5,13 +5,14 @@
 
 #include <cstddef>
 
+/** Which PIN. The numbers are this boundary's; a port translates them. */
 enum _TAPI_SECURITY_PIN_TYPE_E : unsigned int {
     TAPI_SECURITY_PIN1 = 0,
     TAPI_SECURITY_PIN2 = 1,
     TAPI_SECURITY_UPIN = 2, ///< universal PIN of a USIM
 };
 
-/** State of a PIN. The engine writes 3 itself; the other names are the simulated phone's. */
+/** State of a PIN. The engine writes 3 itself. The numbers are this boundary's; a port translates them. */
 enum _TAPI_SECURITY_PIN_STATUS_E : unsigned int {
     TAPI_SECURITY_PIN_STATUS_VERIFIED = 0,
     TAPI_SECURITY_PIN_STATUS_NOT_VERIFIED = 1,

@@ -3,25 +3,28 @@
 
 #include "TAPI_RESULT.h"
 
-/**
- * The engine hands these enumerations on as it receives them. The enumerators are the ones that the
- * simulated phone understands; only the drop type 1 has a meaning to the engine.
- */
+// The numbers of these enumerations are this boundary's: applications are compiled with them, and a port translates them
+// to its own. The engine hands them on as it receives them; only the drop type 1 has a meaning to it.
+
+/** Kind of a call that a SIM toolkit command asks for. The numbers are this boundary's; a port translates them. */
 enum _TAPI_VOICE_DIAL_CALL_TYPE_E : unsigned int {
     TAPI_VOICE_DIAL_VOICE = 0,
     TAPI_VOICE_DIAL_EMERGENCY = 1,
 };
 
+/** Whether such a call may be dialled again. The numbers are this boundary's; a port translates them. */
 enum _TAPI_CALL_STK_REDIAL_E : unsigned int {
     TAPI_CALL_STK_REDIAL_NONE = 0,
     TAPI_CALL_STK_REDIAL_ALLOWED = 1,
 };
 
+/** What becomes of the active call. The numbers are this boundary's; a port translates them. */
 enum _TAPI_VOICE_ANSWER_CALL_TYPE_E : unsigned int {
     TAPI_VOICE_ANSWER_HOLD_ACTIVE = 0,
     TAPI_VOICE_ANSWER_RELEASE_ACTIVE = 1,
 };
 
+/** Which calls are released. The numbers are this boundary's; a port translates them. */
 enum _TAPI_VOICE_DROP_CALL_TYPE_E : unsigned int {
     TAPI_VOICE_DROP_ONE = 0,
     TAPI_VOICE_DROP_ALL = 1, ///< while a push-to-talk call is in line, the push-to-talk service gets it
@@ -29,11 +32,13 @@ enum _TAPI_VOICE_DROP_CALL_TYPE_E : unsigned int {
     TAPI_VOICE_DROP_ALL_HELD = 3,
 };
 
+/** What the caller hears. The numbers are this boundary's; a port translates them. */
 enum _TAPI_VOICE_REJECT_CALL_TYPE_E : unsigned int {
     TAPI_VOICE_REJECT_DECLINE = 0,
     TAPI_VOICE_REJECT_BUSY = 1,
 };
 
+/** A tone lasts while its key is pressed. The numbers are this boundary's; a port translates them. */
 enum _TAPI_VOICE_DTMF_KEY_STATUS_E : unsigned int {
     TAPI_VOICE_DTMF_KEY_RELEASED = 0,
     TAPI_VOICE_DTMF_KEY_PRESSED = 1,
