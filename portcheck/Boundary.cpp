@@ -54,7 +54,8 @@ Check keepsWithin(const char *function, Request request)
     return {"boundary", std::string(function) + " keeps within its record", [request] {
                 openSession();
                 Guarded<Record> guarded;
-                const _TAPI_RESULT_E result = request(*reinterpret_cast<Record *>(guarded.contents.data()));
+                const _TAPI_RESULT_E result =
+                    request(*static_cast<Record *>(static_cast<void *>(guarded.contents.data())));
                 expect(guarded.isIntact(), "writes outside of " + std::to_string(sizeof(Record)) + " bytes");
                 if (result != TAPI_RESULT_NOT_SUPPORTED && result != TAPI_RESULT_SUCC)
                     leave("answers " + std::to_string(result));
