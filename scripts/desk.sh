@@ -88,7 +88,9 @@ start_bus() {
 EOF
     rm -f "$KVQ_DESK/bus"
     start bus dbus-daemon --config-file="$KVQ_DESK/bus.conf" --nofork --nopidfile
-    wait_until "the bus" test -S "$KVQ_DESK/bus"
+    # The socket is there a moment before it is listened on.
+    wait_until "the bus" dbus-send --bus="$DBUS_SYSTEM_BUS_ADDRESS" --print-reply --dest=org.freedesktop.DBus \
+        / org.freedesktop.DBus.ListNames
 }
 
 start_modem() {
@@ -107,11 +109,12 @@ start_daemon() {
     # shellcheck disable=SC2016 # the inner shell expands these
     start daemon "${apart[@]}" sh -c 'mount --bind "$1" /var/lib && exec "$2" -n -d "plugins/*:src/modem.c"' \
         desk "$KVQ_DESK/lib" "$(PATH=$PATH:/usr/sbin command -v ofonod)"
+    exec 3>&2 # for what is said while waiting quietly
     wait_until "the daemon" modem_is_there
 }
 
 modem_is_there() {
-    kill -0 "$(cat "$KVQ_DESK/daemon.pid")" || exit 70
+    kill -0 "$(cat "$KVQ_DESK/daemon.pid")" || fail "the daemon ended: $(tail -n 1 "$KVQ_DESK/daemon.log")" 2>&3
     on_the_daemon / org.ofono.Manager.GetModems | grep -q /phone
 }
 
