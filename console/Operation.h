@@ -23,11 +23,30 @@ struct Outcome {
     QStringList lines;
 };
 
+/** A word that an operation takes. */
+struct Argument {
+    QString name;
+    QString expected;    ///< "true or false"
+    QStringList choices; ///< the words that it may be, when they can be listed
+};
+
 struct Operation {
     QString face; ///< class of a member, empty for a plain function
     QString name;
     QString usage; ///< "when -> active number"
+    std::vector<Argument> arguments;
+    QStringList written; ///< what it gives besides its result
     std::function<Outcome(const QStringList &words)> call;
+    std::function<QString(const QStringList &words)>
+        objection;       ///< what is wrong with the words; calls nothing
+    QString documented;  ///< the name that the exported header gives it
+    int declaration = 1; ///< which one of that name
+
+    bool carriesPin() const
+    {
+        return usage.contains(QLatin1String("pin"), Qt::CaseInsensitive)
+            || usage.contains(QLatin1String("puk"), Qt::CaseInsensitive);
+    }
 
     QString fullName() const { return face.isEmpty() ? name : face + QStringLiteral("::") + name; }
 };
@@ -96,17 +115,25 @@ void show(const Parameter<Type> &parameter, const QString &name, QStringList &li
         lines += assignment(name, Value<typename Parameter<Type>::Plain>::show(parameter.value));
 }
 
+template <typename... Types, std::size_t... Positions>
+QString readAll(std::tuple<Parameter<Types>...> &parameters, const QStringList &names, QStringList words,
+                std::index_sequence<Positions...>)
+{
+    QString error;
+    const bool complete =
+        (read(std::get<Positions>(parameters), names.at(static_cast<int>(Positions)), words, error) && ...);
+    if (complete && !words.isEmpty())
+        error = QStringLiteral("too many arguments: %1").arg(words.join(QLatin1Char(' ')));
+    return error;
+}
+
 template <typename Result, typename... Types, std::size_t... Positions>
-Outcome invoke(const std::function<Result(Types...)> &function, const QStringList &names, QStringList words,
-               std::index_sequence<Positions...>)
+Outcome invoke(const std::function<Result(Types...)> &function, const QStringList &names,
+               const QStringList &words, std::index_sequence<Positions...> positions)
 {
     Outcome outcome;
     std::tuple<Parameter<Types>...> parameters;
-    const bool complete =
-        (read(std::get<Positions>(parameters), names.at(static_cast<int>(Positions)), words, outcome.error)
-         && ...);
-    if (complete && !words.isEmpty())
-        outcome.error = QStringLiteral("too many arguments: %1").arg(words.join(QLatin1Char(' ')));
+    outcome.error = readAll(parameters, names, words, positions);
     if (!outcome.error.isEmpty())
         return outcome;
     QString result;
@@ -120,6 +147,18 @@ Outcome invoke(const std::function<Result(Types...)> &function, const QStringLis
     return outcome;
 }
 
+template <typename Type>
+void describe(const QString &name, std::vector<Argument> &arguments, QStringList &written)
+{
+    using Plain = typename Parameter<Type>::Plain;
+    if constexpr (!Parameter<Type>::typed)
+        written += name;
+    else if constexpr (std::is_same_v<Plain, QStringList>)
+        arguments.push_back({name, QStringLiteral("texts, up to the end of the line"), {}});
+    else
+        arguments.push_back({name, Value<Plain>::expected(), choicesOf<Plain>()});
+}
+
 /** @p names are the parameters' names, in order, a word each. */
 template <typename Result, typename... Types>
 Operation operation(const char *face, const char *name, std::function<Result(Types...)> function,
@@ -127,17 +166,25 @@ Operation operation(const char *face, const char *name, std::function<Result(Typ
 {
     const QStringList parameterNames = QString::fromLatin1(names).split(QLatin1Char(' '), Qt::SkipEmptyParts);
     Q_ASSERT(parameterNames.size() == static_cast<int>(sizeof...(Types)));
-    QStringList typed;
-    QStringList written;
+    Operation operation;
+    operation.face = QString::fromLatin1(face);
+    operation.name = operation.documented = QString::fromLatin1(name);
     int position = 0;
-    ((Parameter<Types>::typed ? typed : written).append(parameterNames.at(position++)), ...);
-    QString usage = typed.join(QLatin1Char(' '));
-    if (!written.isEmpty())
-        usage += QStringLiteral(" -> ") + written.join(QStringLiteral(", "));
-    return {QString::fromLatin1(face), QString::fromLatin1(name), usage.trimmed(),
-            [function, parameterNames](const QStringList &words) {
-                return invoke(function, parameterNames, words, std::index_sequence_for<Types...>());
-            }};
+    (describe<Types>(parameterNames.at(position++), operation.arguments, operation.written), ...);
+    for (const Argument &argument : operation.arguments)
+        operation.usage += (operation.usage.isEmpty() ? QString() : QStringLiteral(" ")) + argument.name;
+    if (!operation.written.isEmpty())
+        operation.usage =
+            (operation.usage + QStringLiteral(" -> ") + operation.written.join(QStringLiteral(", ")))
+                .trimmed();
+    operation.call = [function, parameterNames](const QStringList &words) {
+        return invoke(function, parameterNames, words, std::index_sequence_for<Types...>());
+    };
+    operation.objection = [parameterNames](const QStringList &words) {
+        std::tuple<Parameter<Types>...> parameters;
+        return readAll(parameters, parameterNames, words, std::index_sequence_for<Types...>());
+    };
+    return operation;
 }
 
 /** A plain function or a static member. */

@@ -31,6 +31,14 @@ Operation adapted(const char *face, const char *name, Function function, const c
     return operation(face, name, std::function(function), names);
 }
 
+/** An overload has a name of its own here. */
+Operation documentedAs(const char *name, int declaration, Operation operation)
+{
+    operation.documented = QString::fromLatin1(name);
+    operation.declaration = declaration;
+    return operation;
+}
+
 QStringList knownNetworks(bool &listed)
 {
     Net *const network = Net::instance();
@@ -176,8 +184,10 @@ std::vector<Operation> settings()
         operation("getTurboDialingList", &Setup::getTurboDialingList, "list full"),
         operation("setTurboDialing",
                   static_cast<bool (Setup::*)(int, const QString &)>(&Setup::setTurboDialing), "slot number"),
-        operation("setTurboDialingList",
-                  static_cast<bool (Setup::*)(const QStringList &)>(&Setup::setTurboDialing), "numbers..."),
+        documentedAs("setTurboDialing", 2,
+                     operation("setTurboDialingList",
+                               static_cast<bool (Setup::*)(const QStringList &)>(&Setup::setTurboDialing),
+                               "numbers...")),
         operation("getTurboDialingLocation", &Setup::getTurboDialingLocation, "slot"),
         operation("setTurboDialingLocation", &Setup::setTurboDialingLocation, "slot location"),
 

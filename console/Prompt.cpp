@@ -1,12 +1,17 @@
 // The prompt, on the line-editing library.
 #include "Prompt.h"
 
+#include "History.h"
+
 #include <QDir>
-#include <QFileInfo>
 #include <QStandardPaths>
 
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <cwchar>
 #include <memory>
 
 #include <editline/readline.h>
@@ -15,8 +20,6 @@
 namespace Console {
 
 namespace {
-
-constexpr int historyLength = 1000;
 
 /** The library's completion callback takes no context of its own. */
 const Session *completingSession = nullptr;
@@ -36,44 +39,105 @@ char **complete(const char *text, int, int)
     return rl_completion_matches(text, nextCandidate);
 }
 
-QByteArray historyFile()
+QString historyFile()
 {
     const QString directory =
         QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/kvq-phone");
     QDir().mkpath(directory);
-    return (directory + QStringLiteral("/history")).toLocal8Bit();
+    return directory + QStringLiteral("/history");
+}
+
+volatile std::sig_atomic_t interrupted = 0;
+
+/** While a line is typed, an interrupt drops the line and nothing else. */
+class InterruptGuard {
+public:
+    InterruptGuard()
+    {
+        interrupted = 0;
+        struct sigaction drop = {};
+        drop.sa_handler = [](int) { interrupted = 1; };
+        sigaction(SIGINT, &drop, &m_before);
+    }
+    ~InterruptGuard() { sigaction(SIGINT, &m_before, nullptr); }
+    InterruptGuard(const InterruptGuard &) = delete;
+    InterruptGuard &operator=(const InterruptGuard &) = delete;
+
+private:
+    struct sigaction m_before = {};
+};
+
+/** Reads a character for the library, which would wait on through an interrupt. */
+int readCharacter(std::FILE *input)
+{
+    std::mbstate_t state = {};
+    for (;;) {
+        char byte = 0;
+        const ssize_t bytes = ::read(fileno(input), &byte, 1);
+        if (bytes < 0 && errno == EINTR && interrupted == 0)
+            continue;
+        if (bytes <= 0)
+            return EOF;
+        wchar_t character = 0;
+        const std::size_t used = std::mbrtowc(&character, &byte, 1, &state);
+        if (used == static_cast<std::size_t>(-2))
+            continue; // the character goes on
+        return used == static_cast<std::size_t>(-1) ? '?' : static_cast<int>(character);
+    }
+}
+
+/** The lines that a program or a file sends. */
+bool runInput(Session &session)
+{
+    QTextStream input(stdin);
+    bool mistaken = false;
+    QString line;
+    for (int number = 1; !session.outputFailed() && input.readLineInto(&line); ++number) {
+        session.setPlace(QStringLiteral("standard input:%1: ").arg(number));
+        const Status status = session.runLine(line);
+        mistaken = mistaken || status == Status::Mistake;
+        if (status == Status::Quit)
+            break;
+    }
+    return !mistaken;
 }
 
 } // namespace
 
 bool runPrompt(Session &session)
 {
+    if (isatty(STDIN_FILENO) != 1)
+        return runInput(session);
     completingSession = &session;
     rl_readline_name = "kvq-console";
     rl_attempted_completion_function = complete;
     rl_basic_word_break_characters = " ";
+    rl_getc_function = readCharacter;
     using_history();
-    stifle_history(historyLength);
-    const bool interactive = isatty(STDIN_FILENO) == 1;
-    const QByteArray history = historyFile();
-    if (interactive)
-        read_history(history.constData());
+    History history(historyFile(), [&session](const QString &line) { return session.mayBeKept(line); });
+    for (const QString &line : history.lines())
+        add_history(line.toUtf8().constData());
     Status status = Status::Done;
-    bool mistaken = false;
-    while (status != Status::Quit) {
-        const std::unique_ptr<char, decltype(&std::free)> line(readline(interactive ? "> " : ""), &std::free);
+    while (status != Status::Quit && !session.outputFailed()) {
+        std::unique_ptr<char, decltype(&std::free)> line(nullptr, &std::free);
+        {
+            const InterruptGuard guard;
+            line.reset(readline("> "));
+        }
+        if (interrupted != 0) {
+            std::fputs("\n", stdout);
+            continue;
+        }
         if (!line)
             break;
-        const QString text = QString::fromUtf8(line.get());
-        // A PIN typed here belongs to the card, not to a file.
-        if (interactive && !text.isEmpty() && !Session::carriesPin(text))
+        const QString text = QString::fromUtf8(line.get()).trimmed();
+        // A PIN typed here belongs to the card: such a line cannot even be called up again.
+        if (!text.isEmpty() && !Session::carriesPin(text))
             add_history(line.get());
+        history.add(text);
         status = session.runLine(text);
-        mistaken = mistaken || status == Status::Mistake;
     }
-    if (interactive)
-        write_history(history.constData());
-    return interactive || !mistaken;
+    return true;
 }
 
 } // namespace Console

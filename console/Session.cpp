@@ -1,6 +1,7 @@
 // Running lines: operations, commands and scripts.
 #include "Session.h"
 
+#include "Help.h"
 #include "SimulatedPhoneControl.h"
 
 #include <QCoreApplication>
@@ -8,6 +9,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <map>
 
 namespace Console {
 
@@ -26,6 +28,27 @@ QStringList near(const QString &typed, const QStringList &names)
             found += name;
     }
     return found.mid(0, 5);
+}
+
+/** What somebody types who has never seen a command with a dot. */
+QString commandOf(const QString &name)
+{
+    static const std::map<QString, QString> aliases = {{QStringLiteral("help"), QStringLiteral(".help")},
+                                                       {QStringLiteral("?"), QStringLiteral(".help")},
+                                                       {QStringLiteral("quit"), QStringLiteral(".quit")},
+                                                       {QStringLiteral("exit"), QStringLiteral(".quit")}};
+    const auto alias = aliases.find(name);
+    return alias == aliases.end() ? name : alias->second;
+}
+
+std::vector<const Operation *> findOperations(const QString &name)
+{
+    std::vector<const Operation *> found;
+    for (const Operation &operation : operations()) {
+        if (operation.name == name || operation.fullName() == name)
+            found.push_back(&operation);
+    }
+    return found;
 }
 
 } // namespace
@@ -104,7 +127,7 @@ Status Session::runLine(const QString &line)
 
 Status Session::run(QStringList words)
 {
-    const QString name = words.takeFirst();
+    const QString name = commandOf(words.takeFirst());
     return name.startsWith(QLatin1Char('.')) ? runCommand(name, words) : runOperation(name, words);
 }
 
@@ -119,7 +142,8 @@ Status Session::runScript(const QString &path)
     ++m_scriptDepth;
     Status status = Status::Done;
     QByteArray line;
-    for (int number = 1; status == Status::Done && !(line = file.readLine()).isEmpty(); ++number) {
+    for (int number = 1; status == Status::Done && !outputFailed() && !(line = file.readLine()).isEmpty();
+         ++number) {
         m_place = QStringLiteral("%1:%2: ").arg(path).arg(number);
         status = runLine(QString::fromUtf8(line));
     }
@@ -128,41 +152,82 @@ Status Session::runScript(const QString &path)
     return status;
 }
 
+bool Session::mayBeKept(const QString &line) const
+{
+    QStringList words;
+    if (!splitWords(line, words) || words.isEmpty())
+        return false;
+    const QString name = commandOf(words.takeFirst());
+    if (const Command *const command = findCommand(name))
+        return words.size() >= command->fewest && words.size() <= command->most;
+    const std::vector<const Operation *> found = findOperations(name);
+    return found.size() == 1 && !found.front()->carriesPin() && found.front()->objection(words).isEmpty();
+}
+
 bool Session::carriesPin(const QString &line)
 {
-    const QString name = line.trimmed().section(QLatin1Char(' '), 0, 0);
-    for (const Operation &operation : operations()) {
-        if (operation.name == name || operation.fullName() == name)
-            return operation.usage.contains(QLatin1String("pin"), Qt::CaseInsensitive)
-                || operation.usage.contains(QLatin1String("puk"), Qt::CaseInsensitive);
+    QStringList words;
+    splitWords(line, words);
+    const QString name = words.isEmpty() ? QString() : words.first();
+    return std::any_of(operations().begin(), operations().end(), [&](const Operation &operation) {
+        return operation.carriesPin()
+            && (operation.name.compare(name, Qt::CaseInsensitive) == 0
+                || operation.fullName().compare(name, Qt::CaseInsensitive) == 0);
+    });
+}
+
+const Session::Command *Session::findCommand(const QString &name) const
+{
+    const auto found = std::find_if(m_commands.begin(), m_commands.end(),
+                                    [&](const Command &command) { return command.name == name; });
+    return found == m_commands.end() ? nullptr : &*found;
+}
+
+/** The words that can follow, as the usage tells: "start CALLID [complete] | accept". */
+QStringList Session::choices(const Command &command, const QStringList &wordsBefore)
+{
+    QStringList names;
+    for (const QString &form : command.usage.split(QStringLiteral(" | "))) {
+        QStringList parts =
+            QString(form).remove(QLatin1Char('[')).remove(QLatin1Char(']')).split(QLatin1Char(' '));
+        if (parts.size() <= wordsBefore.size())
+            continue;
+        const bool begun = wordsBefore.isEmpty() || parts.first() == wordsBefore.first()
+            || parts.first() != parts.first().toLower();
+        const QString next = parts.at(wordsBefore.size());
+        if (next == QLatin1String("OPERATION")) {
+            for (const Operation &operation : operations())
+                names << operation.name << operation.fullName();
+        } else if (next == QLatin1String("FUNCTION") && findSimulatedPhone()) {
+            for (const std::string_view function : findSimulatedPhone()->functions())
+                names += QString::fromLatin1(function.data(), static_cast<int>(function.size()));
+        } else if (begun && next == next.toLower()) {
+            names += next.split(QLatin1Char('|'));
+        }
     }
-    return line.contains(QLatin1String("pin"), Qt::CaseInsensitive); // mistyped, perhaps
+    return names;
 }
 
 QStringList Session::completions(const QString &line) const
 {
+    QStringList words = line.split(QLatin1Char(' '));
+    const QString prefix = words.takeLast();
     QStringList names;
-    const QStringList words = line.split(QLatin1Char(' '));
-    if (words.size() > 1 && words.first() == QLatin1String(".help")) {
-        for (const Operation &operation : operations())
-            names += operation.name;
-    } else if (words.size() > 1) {
-        const QString &command = words.first();
-        SimulatedPhoneControl *const phone = findSimulatedPhone();
-        if (!phone)
-            return {};
-        if (command == QLatin1String(".fail") || command == QLatin1String(".answer")
-            || command == QLatin1String(".pass") || command == QLatin1String(".delay")) {
-            for (const std::string_view function : phone->functions())
-                names += QString::fromLatin1(function.data(), static_cast<int>(function.size()));
-        }
-    } else {
+    if (words.isEmpty()) {
         for (const Operation &operation : operations())
             names << operation.name << operation.fullName();
         for (const Command &command : m_commands)
             names += command.name;
+    } else {
+        const QString name = commandOf(words.takeFirst());
+        if (const Command *const command = findCommand(name))
+            names = choices(*command, words);
+        for (const Operation *const operation : findOperations(name)) {
+            const auto position = static_cast<std::size_t>(words.size());
+            if (position < operation->arguments.size())
+                names += operation->arguments[position].choices;
+        }
     }
-    const QString &prefix = words.last();
     names.removeDuplicates();
     names.erase(std::remove_if(names.begin(), names.end(),
                                [&](const QString &name) { return !name.startsWith(prefix); }),
@@ -173,11 +238,7 @@ QStringList Session::completions(const QString &line) const
 
 Status Session::runOperation(const QString &name, const QStringList &words)
 {
-    std::vector<const Operation *> found;
-    for (const Operation &operation : operations()) {
-        if (operation.name == name || operation.fullName() == name)
-            found.push_back(&operation);
-    }
+    const std::vector<const Operation *> found = findOperations(name);
     if (found.size() > 1)
         return mistake(QStringLiteral("%1 is in two classes: expected %2 or %3")
                            .arg(name, found[0]->fullName(), found[1]->fullName()));
@@ -205,9 +266,8 @@ Status Session::runOperation(const QString &name, const QStringList &words)
 
 Status Session::runCommand(const QString &name, const QStringList &words)
 {
-    const auto found = std::find_if(m_commands.begin(), m_commands.end(),
-                                    [&](const Command &command) { return command.name == name; });
-    if (found == m_commands.end())
+    const Command *const found = findCommand(name);
+    if (!found)
         return mistake(QStringLiteral("there is no command %1: expected one that .help shows").arg(name));
     if (found->needsPhone && !findSimulatedPhone())
         return mistake(
@@ -261,22 +321,26 @@ QString Session::showHelp(const QStringList &words)
 {
     if (words.isEmpty()) {
         say(QStringLiteral("Type the name of an operation and its arguments, or one of these:"));
-        for (const Command &command : m_commands)
-            say(QStringLiteral("  %1 %2\n      %3").arg(command.name, command.usage, command.help));
+        for (const Command &command : m_commands) {
+            if (!command.needsPhone || findSimulatedPhone())
+                say(QStringLiteral("  %1 %2\n      %3").arg(command.name, command.usage, command.help));
+        }
+        if (findSimulatedPhone())
+            say(QStringLiteral(
+                "The simulated SIM: PIN1 1234 (PUK 12345678), PIN2 5678 (PUK 87654321), UPIN 2468 "
+                "(PUK 13572468)."));
         return {};
     }
     bool found = false;
-    for (const Operation &operation : operations()) {
-        if (operation.name == words.first() || operation.fullName() == words.first()) {
-            say(QStringLiteral("%1 %2").arg(operation.fullName(), operation.usage));
-            found = true;
-        }
+    for (const Operation *const operation : findOperations(words.first())) {
+        for (const QString &line : helpOf(*operation))
+            say(line);
+        found = true;
     }
-    for (const Command &command : m_commands) {
-        if (command.name == words.first()) {
-            say(QStringLiteral("%1 %2").arg(command.name, command.usage));
-            found = true;
-        }
+    if (const Command *const command = findCommand(commandOf(words.first()))) {
+        say(QStringLiteral("%1 %2").arg(command->name, command->usage).trimmed());
+        say(QStringLiteral("  ") + command->help);
+        found = true;
     }
     return found
         ? QString()
@@ -294,8 +358,9 @@ void Session::addCommands()
     };
     m_commands = {
         {QStringLiteral(".help"), QStringLiteral("[OPERATION]"),
-         QStringLiteral("Shows the commands, or what an operation takes and gives."), 0, 1,
-         [this](const QStringList &words) { return showHelp(words); }},
+         QStringLiteral(
+             "Shows the commands, or what an operation does, takes, gives and asks of the platform."),
+         0, 1, [this](const QStringList &words) { return showHelp(words); }},
         {QStringLiteral(".list"), QStringLiteral("[TEXT]"),
          QStringLiteral("Lists the operations, or those whose names contain a text."), 0, 1,
          [this](const QStringList &words) {

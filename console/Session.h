@@ -38,8 +38,16 @@ public:
     void setCallsShown(bool shown) { m_callsShown = shown; }
     void setLogShown(bool shown);
 
-    /** Whether an operation of this line takes a PIN or a PUK. */
+    /** Said before each mistake: where the lines come from. */
+    void setPlace(const QString &place) { m_place = place; }
+
+    /** Whether a line may be kept: one that would run, and that carries no PIN or PUK. */
+    bool mayBeKept(const QString &line) const;
+    /** Whether a line calls an operation that takes a PIN or a PUK. */
     static bool carriesPin(const QString &line);
+
+    /** Whether something that was to be shown could not be written. */
+    bool outputFailed() const { return m_out.status() != QTextStream::Ok || std::ferror(stdout) != 0; }
 
     /** What can stand at the beginning of a line, or behind a command. */
     QStringList completions(const QString &line) const;
@@ -58,6 +66,8 @@ private:
         void operator()(std::FILE *file) const { std::fclose(file); }
     };
 
+    const Command *findCommand(const QString &name) const;
+    static QStringList choices(const Command &command, const QStringList &wordsBefore);
     void addCommands();
     void addPhoneCommands();
     Status runOperation(const QString &name, const QStringList &words);

@@ -93,6 +93,20 @@ struct Value<bool> {
     static QString show(bool value);
 };
 
+/** The words that a value may be typed as, when they can be listed. */
+template <typename Type>
+QStringList choicesOf()
+{
+    QStringList words;
+    if constexpr (std::is_same_v<Type, bool>)
+        words = {QStringLiteral("on"), QStringLiteral("off"), QStringLiteral("true"),
+                 QStringLiteral("false")};
+    else if constexpr (std::is_enum_v<Type>)
+        for (const Enumerator &enumerator : enumeratorsOf<Type>())
+            words += QString::fromLatin1(enumerator.name);
+    return words;
+}
+
 template <>
 struct Value<char> {
     static std::optional<char> parse(const QString &word);

@@ -8,8 +8,11 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 
+#include <cstdio>
+
 namespace {
 
+constexpr int unwrittenStatus = 1;
 constexpr int mistakeStatus = 2;
 
 } // namespace
@@ -32,7 +35,7 @@ int main(int argc, char **argv)
     const QCommandLineOption log(QStringLiteral("log"), QStringLiteral("Shows the engine's log lines."));
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        QStringLiteral("Calls the operations of the call setup engine on a simulated phone.\n"
+        QStringLiteral("Calls the operations of the call setup engine, by default on a simulated phone.\n"
                        "Without an operation or a script it opens a prompt; .help there tells more."));
     parser.addHelpOption();
     parser.addVersionOption();
@@ -72,13 +75,15 @@ int main(int argc, char **argv)
     const QStringList words = parser.positionalArguments();
     if (status == Console::Status::Done && !words.isEmpty())
         status = session.run(words);
-    if (status == Console::Status::Mistake)
-        return mistakeStatus;
+    bool mistaken = status == Console::Status::Mistake;
     const bool nothingAsked = words.isEmpty() && !parser.isSet(script);
     if (status == Console::Status::Done && (parser.isSet(interactive) || nothingAsked)) {
         session.setEcho(false);
-        if (!Console::runPrompt(session))
-            return mistakeStatus;
+        mistaken = !Console::runPrompt(session);
     }
-    return 0;
+    if (session.outputFailed()) {
+        std::fputs("error: standard output cannot be written\n", stderr);
+        return unwrittenStatus;
+    }
+    return mistaken ? mistakeStatus : 0;
 }

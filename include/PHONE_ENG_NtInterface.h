@@ -123,15 +123,15 @@ public:
      * The search requests start or stop the modem's work; the networks found do not come with them.
      * @{ */
 
-    /** @platform `TAPI_NETWORK_FindNewNetworks`. */
+    /** Starts a search for networks. @platform `TAPI_NETWORK_FindNewNetworks`. */
     bool findNewNetwork();
-    /** @platform `TAPI_NETWORK_RescanNetwork`. */
+    /** Starts the search again. @platform `TAPI_NETWORK_RescanNetwork`. */
     bool rescanNetwork();
-    /** @platform `TAPI_NETWORK_GetAvailableNetwork`. */
+    /** Starts a search for the networks that may be used here. @platform `TAPI_NETWORK_GetAvailableNetwork`. */
     bool getAvailableNetworks();
-    /** @platform `TAPI_NETWORK_CancelGetAvailableNetworks`. */
+    /** Stops that search. @platform `TAPI_NETWORK_CancelGetAvailableNetworks`. */
     bool cancelGetAvailableNetworks();
-    /** @platform `TAPI_NETWORK_CancelFindNewNetworks`. */
+    /** Stops the search for networks. @platform `TAPI_NETWORK_CancelFindNewNetworks`. */
     bool cancelFindNewNetworks();
 
     /**

@@ -182,7 +182,7 @@ public:
      */
     bool getNddPrefix(QString &prefix);
 
-    /** @platform `ZKbConfig::isInputModeSupported`, whose answer this is. */
+    /** Whether the phone has an input method. @platform `ZKbConfig::isInputModeSupported`, whose answer this is. */
     bool isSupportedInputMethod(const QUuid &inputMethod);
 
     /** @} */
@@ -254,7 +254,7 @@ public:
      */
     QString getDefaultCameraOffImage();
     /**
-     * Guarded.
+     * Chooses the picture that stands in for the camera. Guarded.
      * @param path path of the picture, "black" for none, "" for the default one
      */
     bool setCameraOffImage(const QString &path);
@@ -289,7 +289,7 @@ public:
     int getDefaultCallForwardTimer();
 
     /**
-     * Guarded.
+     * Whether voice calls are forwarded, and where to. Guarded.
      * @param[out] active whether voice calls are forwarded under that condition
      * @param[out] number the number they are forwarded to
      * @param when the condition
@@ -302,7 +302,7 @@ public:
     _TAPI_RESULT_E getFaxCallsDivert(bool &active, QString &number, _TAPI_CS_DIVERT_WHEN_E when);
 
     /**
-     * Guarded.
+     * Forwards voice calls, or no longer. Guarded.
      * @param enable whether to forward voice calls under that condition
      * @param when the condition. Conditions 0, 1 and 3 go without a no-reply timer (255), all others with
      *        getDefaultCallForwardTimer().
@@ -396,9 +396,9 @@ public:
     /** @platform `TAPI_CS_SetChargeDisplay`. */
     _TAPI_RESULT_E setMeterDisplay(unsigned char display);
 
-    /** @platform `TAPI_CS_ResetCallMeter`. */
+    /** Sets the call meter to zero. @platform `TAPI_CS_ResetCallMeter`. */
     _TAPI_RESULT_E resetCallMeter();
-    /** @platform `TAPI_CS_ResetCallTime`. */
+    /** Sets the call time to zero. @platform `TAPI_CS_ResetCallTime`. */
     _TAPI_RESULT_E resetCallTime();
 
     /**
@@ -422,7 +422,7 @@ public:
      * @platform `TAPI_FIXDIALING_GetAvailability`.
      */
     bool isFixedDialingAvailable();
-    /** @platform `TAPI_FIXDIALING_GetStatus`. */
+    /** Whether only fixed numbers can be dialled. @platform `TAPI_FIXDIALING_GetStatus`. */
     _TAPI_RESULT_E isFixedDialing(bool &on);
     /**
      * Switches fixed dialling.
@@ -469,7 +469,11 @@ public:
     /** @platform `TAPI_CS_SetVoiceWaitingStatus`, whatever "DisCMReq" says. */
     _TAPI_RESULT_E setCallWaiting(bool on);
 
-    /** @param[out] on also set, to false, when the hook refuses. @platform `TAPI_CS_GetAutoRedialStatus`. */
+    /**
+     * Whether a number is redialled by itself.
+     * @param[out] on also set, to false, when the hook refuses
+     * @platform `TAPI_CS_GetAutoRedialStatus`.
+     */
     _TAPI_RESULT_E isAutoRedial(bool &on);
     /** @platform `TAPI_CS_SetAutoRedialStatus`. */
     _TAPI_RESULT_E setAutoRedial(bool on);
@@ -532,7 +536,7 @@ public:
      *           2040 and 160, and for 2168 (line 1) or 2007 and 2189 (line 2).
      */
     bool isVmHotKeysAvailable() const;
-    /** @return false: mailbox numbers are not loaded from the SIM. */
+    /** Does nothing. @return false: mailbox numbers are not loaded from the SIM. */
     bool loadVoiceMailboxNumberFromSIM();
 
     /** @} */
@@ -545,11 +549,11 @@ public:
      * "PIN ERROR" for #TAPI_RESULT_PIN_REJECTED_FINAL, nothing for other results.
      * @{ */
 
-    /** @platform `TAPI_SECURITY_VerifyPinPassword`. */
+    /** Verifies PIN1. @platform `TAPI_SECURITY_VerifyPinPassword`. */
     static _TAPI_RESULT_E setupVerifySimPin(const QString &pin);
-    /** The log shows both PINs in clear. @platform `TAPI_SECURITY_ChangePinPassword`. */
+    /** Changes PIN1. The log shows both PINs in clear. @platform `TAPI_SECURITY_ChangePinPassword`. */
     _TAPI_RESULT_E changeSimPin(const QString &oldPin, const QString &newPin);
-    /** The log shows PUK and PIN in clear. @platform `TAPI_SECURITY_UnblockPinPassword`. */
+    /** Unblocks PIN1 with its PUK. The log shows PUK and PIN in clear. @platform `TAPI_SECURITY_UnblockPinPassword`. */
     _TAPI_RESULT_E unblockingPin(const QString &puk, const QString &newPin);
     /** As unblockingPin(), without log messages. @platform `TAPI_SECURITY_UnblockPinPassword`. */
     static _TAPI_RESULT_E setupUnblockSimPin1(const QString &puk, const QString &newPin);
@@ -564,20 +568,27 @@ public:
     /** Publishes the outcome of a PIN1 request. @platform `UTIL_SetPinStatus`. */
     static void processPIN1ResultError(_TAPI_RESULT_E result);
 
-    /** Publishes nothing. @platform `TAPI_SECURITY_VerifyPin2Password`. */
+    /** Verifies PIN2. Publishes nothing. @platform `TAPI_SECURITY_VerifyPin2Password`. */
     _TAPI_RESULT_E verifyPin2Code(const QString &pin2);
-    /** Publishes nothing. The log shows both PINs in clear. @platform `TAPI_SECURITY_ChangePinPassword`. */
+    /** Changes PIN2; publishes nothing. The log shows both PINs in clear. @platform `TAPI_SECURITY_ChangePinPassword`. */
     _TAPI_RESULT_E changeSimPin2(const QString &oldPin2, const QString &newPin2);
-    /** Publishes nothing. The log shows PUK and PIN in clear. @platform `TAPI_SECURITY_UnblockPinPassword`. */
+    /**
+     * Unblocks PIN2 with its PUK; publishes nothing. The log shows PUK and PIN in clear.
+     * @platform `TAPI_SECURITY_UnblockPinPassword`.
+     */
     static _TAPI_RESULT_E unblockingPin2(const QString &puk2, const QString &newPin2);
-    /** @param[out] status written by the platform. @platform `TAPI_SECURITY_GetAnyPinStatus`. */
+    /**
+     * The state of PIN2.
+     * @param[out] status written by the platform
+     * @platform `TAPI_SECURITY_GetAnyPinStatus`.
+     */
     _TAPI_RESULT_E readPin2Status(_TAPI_SECURITY_PIN_STATUS_E &status);
 
-    /** @platform `TAPI_SECURITY_VerifyPinPassword`. */
+    /** Verifies the UPIN. @platform `TAPI_SECURITY_VerifyPinPassword`. */
     static _TAPI_RESULT_E setupVerifyUpin(const QString &upin);
-    /** The log shows both PINs in clear. @platform `TAPI_SECURITY_ChangePinPassword`. */
+    /** Changes the UPIN. The log shows both PINs in clear. @platform `TAPI_SECURITY_ChangePinPassword`. */
     _TAPI_RESULT_E setupChangeUpin(const QString &oldUpin, const QString &newUpin);
-    /** @platform `TAPI_SECURITY_UnblockPinPassword`. */
+    /** Unblocks the UPIN with its PUK. @platform `TAPI_SECURITY_UnblockPinPassword`. */
     static _TAPI_RESULT_E setupUnblockUpin(const QString &puk, const QString &newUpin);
     /**
      * The state of the UPIN.
@@ -690,7 +701,7 @@ public:
      * @platform `TAPI_ACCE_GetBpVersion`.
      */
     _TAPI_RESULT_E getBpVersion(unsigned char *version);
-    /** @return true. */
+    /** Whether a crash of the baseband processor is shown. @return true. */
     bool isShowBpPanic();
 
     /** @} */

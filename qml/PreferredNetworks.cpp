@@ -91,12 +91,10 @@ bool writeDifferences(PHONE_ENG_NtInterface &network, const List &before, const 
             && !network.addPreferredNetwork(static_cast<unsigned int>(entry.position), entry.networkId))
             return false;
     }
-    for (auto entry = before.crbegin(); entry != before.crend(); ++entry) {
-        if (!atPosition(after, entry->position)
-            && !network.delPreferredNetwork(static_cast<unsigned int>(entry->position)))
-            return false;
-    }
-    return true;
+    return std::all_of(before.crbegin(), before.crend(), [&](const PreferredNetwork &entry) {
+        return atPosition(after, entry.position)
+            || network.delPreferredNetwork(static_cast<unsigned int>(entry.position));
+    });
 }
 
 } // namespace

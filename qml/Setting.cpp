@@ -3,8 +3,6 @@
 
 namespace Kvq {
 
-namespace {
-
 /** Tells all settings of the process what one of them wrote. */
 class Exchange : public QObject {
     Q_OBJECT
@@ -19,8 +17,6 @@ public:
 Q_SIGNALS:
     void written(const Kvq::Setting *source, const QVariant &value);
 };
-
-} // namespace
 
 Setting::Setting(QVariant initial, Reader reader, Writer writer, QObject *item)
     : QObject(item)

@@ -4,7 +4,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/packages.sh
 
-need_packages "${build_packages[@]}" "${qml_packages[@]}" valgrind binutils
+need_packages "${build_packages[@]}" "${qml_packages[@]}" valgrind libbenchmark-dev binutils ofono dbus
 cmake --preset bench >/dev/null
 cmake --build --preset bench -- --quiet
 
@@ -14,6 +14,8 @@ status=0
 "$build/benchmarks/engine_benchmarks" || status=1
 "$build/benchmarks/open_library" "$build/simulator/libkvqplatform.so.1" "$library" || status=1
 "$build/benchmarks/toggle_to_confirmed" || status=1
+KVQ_LOG=off scripts/desk.sh run --online --modem "$build/modem/kvq-modem" -- "$build/benchmarks/ofono_benchmarks" \
+    || status=1
 
 stripped=$(mktemp)
 trap 'rm -f "$stripped"' EXIT
@@ -23,4 +25,6 @@ limit=$((128 * 1024))
 verdict=holds
 ((size <= limit)) || { verdict=EXCEEDED; status=1; }
 printf '%-54s %10d B %5d B  %s\n' "the stripped library" "$size" "$limit" "$verdict"
+strip -o "$stripped" "$build/ofono/libkvqplatform.so.1"
+echo "the stripped platform over oFono: $(stat -c %s "$stripped") bytes"
 exit $status

@@ -23,7 +23,14 @@ need_packages "${build_packages[@]}"
 ! $ofono || need_packages "${desk_packages[@]}"
 echo "== Building"
 cmake --preset release -DKVQ_BUILD_TESTS=OFF -DKVQ_BUILD_QML=OFF -B build/demo >/dev/null
-cmake --build build/demo -- --quiet
+if [[ -t 1 ]]; then
+    NINJA_STATUS='[%f of %t] ' cmake --build build/demo
+else
+    # A line a tenth of the work, and whatever the compiler says.
+    NINJA_STATUS='%f %t ' cmake --build build/demo |
+        awk '!/^[0-9]+ [0-9]+ / { if (!/^ninja: no work/) print; next }
+             $1 * 10 >= $2 * step { printf "   %d of %d\n", $1, $2; fflush(); step = int($1 * 10 / $2) + 1 }'
+fi
 
 desk=(scripts/desk.sh run --online --modem build/demo/modem/kvq-modem)
 case $ofono,$interactive in

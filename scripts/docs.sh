@@ -9,4 +9,8 @@ rm -rf "$pages"
 mkdir -p "$pages"
 awk -v folder="$pages" -f scripts/subject_pages.awk include/PHONE_ENG_*.h
 doxygen docs/Doxyfile
+# A page of text is no file of declarations: the file list leads to headers only.
+html=build/reference/html
+sed -i '/^<tr.*md\(_source\)\?\.html/d; /^<tr.*[/>]\(docs\|build\|reference-pages\)</d; /^<tr.*\.md<\/\(a\|b\|span\)*>/d' "$html"/files.html
+rm -f "$html"/*_8md.html "$html"/*_8md_source.html
 echo "build/reference/html/index.html"

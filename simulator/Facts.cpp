@@ -122,18 +122,17 @@ std::vector<SimulatedPhoneControl::Fact> facts(const SimulatedPhone &phone)
     // What other programs read of the shared state; negative and 0 mean that nothing is known.
     constexpr std::array pinStates = {"rejected", "rejected for good", "accepted"};
     constexpr std::array forwardedLines = {"none", "line 1", "line 2", "both lines"};
-    add("programs see: incoming call", shared.incomingCall != 0 || isRinging(state.calls) ? "yes" : "no");
-    add("programs see: line", number(shared.phoneLine + 1));
-    add("programs see: forwarded", word(forwardedLines, static_cast<std::size_t>(shared.cphsForwarding)));
-    add("programs see: last PIN",
+    add("shared incoming call", shared.incomingCall != 0 || isRinging(state.calls) ? "yes" : "no");
+    add("shared line", number(shared.phoneLine + 1));
+    add("shared forwarding indicator", word(forwardedLines, static_cast<std::size_t>(shared.cphsForwarding)));
+    add("shared PIN outcome",
         shared.pinStatus < 5 ? "none" : word(pinStates, static_cast<std::size_t>(shared.pinStatus - 5)));
-    add("programs see: card",
+    add("shared card",
         shared.cardType == 1 ? "USIM, application " + number(shared.activeAccount)
                              : "without USIM applications");
-    add("programs see: charge type", shared.chargeType < 0 ? "not known" : number(shared.chargeType));
-    add("programs see: caller id",
-        number(shared.restrictId) + ", next call " + number(shared.restrictNextId));
-    add("programs see: hyphenation", number(shared.dialHyphenation));
+    add("shared charge type", shared.chargeType < 0 ? "not known" : number(shared.chargeType));
+    add("shared caller id", number(shared.restrictId) + ", next call " + number(shared.restrictNextId));
+    add("shared hyphenation", number(shared.dialHyphenation));
 
     for (const unsigned short feature : state.product.missingFeatures)
         add("missing feature", number(feature));

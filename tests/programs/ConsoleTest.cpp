@@ -16,6 +16,12 @@ using testing::HasSubstr;
 
 class ConsoleTest : public testing::Test {
 protected:
+    void SetUp() override
+    {
+        if (!KVQ_SIMULATED_PHONE)
+            GTEST_SKIP() << "this build has no simulated phone";
+    }
+
     Output run(QStringList arguments, const QByteArray &input = {})
     {
         arguments.prepend(m_directory.filePath(QStringLiteral("settings.db")));
@@ -25,6 +31,8 @@ protected:
 
     QTemporaryDir m_directory;
 };
+
+class ConsoleOnAnyPlatformTest : public testing::Test { };
 
 TEST_F(ConsoleTest, SettingsAreKeptFromOneRunToTheNext)
 {
@@ -124,8 +132,63 @@ TEST_F(ConsoleTest, TheTourEndsWell)
     EXPECT_NE(output.text.find("QCopChannel::send(\"/KVQ/PHONE/SIM\", \"PIN OK\")"), std::string::npos);
 }
 
+/** What the exported headers say of an operation is what .help tells: every one has at least a sentence. */
+TEST_F(ConsoleTest, HelpTellsWhatAnOperationDoesTakesGivesAndAsks)
+{
+    const Output output = run(words("-q"), ".help divertVoiceCalls\n.help isCallWaiting\n");
+    for (const char *const line :
+         {"  Forwards voice calls, or no longer. Guarded.\n",
+          "  takes enable: true or false; whether to forward voice",
+          "  takes when: unconditional, busy, no-reply,", "  asks: TAPI_CS_DivertCallToNumber, class 1.\n",
+          "  gives on: also set, to false, when the hook refuses\n",
+          "  result: 1, with on untouched, when the setting forbids to ask.\n",
+          "  subject: Call forwarding: Supple"})
+        EXPECT_THAT(output.text, HasSubstr(line));
+    QByteArray questions;
+    const QStringList listed = QString::fromStdString(run(words(".list")).text).split(QLatin1Char('\n'));
+    for (const QString &line : listed)
+        questions += ".help " + line.section(QLatin1Char(' '), 0, 0).toUtf8() + "\n";
+    const QStringList answers =
+        QString::fromStdString(run(words("-q"), questions).text).split(QLatin1Char('\n'));
+    for (int line = 0; line + 1 < answers.size(); ++line) {
+        if (!listed.contains(answers.at(line)))
+            continue;
+        const QString next = answers.at(line + 1);
+        EXPECT_TRUE(next.startsWith(QLatin1String("  ")) && !next.startsWith(QLatin1String("  result:"))
+                    && !next.startsWith(QLatin1String("  asks:"))
+                    && !next.startsWith(QLatin1String("  takes ")))
+            << answers.at(line).toStdString() << next.toStdString();
+    }
+}
+
+TEST_F(ConsoleTest, InputIsAnsweredLineByLine)
+{
+    const Output output = run(words("-q"),
+                              "help\n?\n.delay TAPI_VOICE_MuteBeep 40\n.state\n.link up\n.reset\n"
+                              "isReminder now\n\nisFlipAnswer\nexit\nsetReminder off\n");
+    EXPECT_EQ(output.errors,
+              "error: standard input:7: isReminder: too many arguments: now; usage: isReminder \n");
+    EXPECT_THAT(output.text, HasSubstr("PIN1 1234 (PUK 12345678)"));
+    EXPECT_THAT(output.text, HasSubstr("TAPI_VOICE_MuteBeep: answers 40 ms later\n"));
+    EXPECT_THAT(output.text, HasSubstr("PIN2: not verified, 3 tries left (PUK: 10 tries left)\n"));
+    EXPECT_THAT(output.text, testing::EndsWith("result = false\n")) << "what follows exit is not read";
+    const std::string note = "note: where PHONE_ENG_IsTapiDeviceActive found the link down, it answers false";
+    EXPECT_THAT(output.text, HasSubstr(note));
+    EXPECT_NE(output.text.find(note), output.text.rfind(note)) << "after .link up and after .reset";
+}
+
+TEST_F(ConsoleTest, WhatCannotBeShownIsNoSuccess)
+{
+    QProcess console;
+    console.setStandardOutputFile(QStringLiteral("/dev/full"));
+    console.start(QStringLiteral(KVQ_CONSOLE), words("-q .list"));
+    ASSERT_TRUE(console.waitForFinished());
+    EXPECT_EQ(console.exitCode(), 1);
+    EXPECT_EQ(console.readAllStandardError().toStdString(), "error: standard output cannot be written\n");
+}
+
 /** A platform library without a simulated phone takes the place of the one that is there. */
-TEST_F(ConsoleTest, OperationsWorkOnAnyPlatformLibrary)
+TEST_F(ConsoleOnAnyPlatformTest, OperationsWorkAndThePhonesCommandsSayWhyTheyDoNot)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("LD_LIBRARY_PATH"),

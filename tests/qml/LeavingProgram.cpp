@@ -23,8 +23,8 @@ const Witness witness;
 
 int main(int argc, char **argv)
 {
+    const QTemporaryDir directory; // outlives the application, which still writes when it goes
     QCoreApplication application(argc, argv);
-    const QTemporaryDir directory;
     libaplog_to_module_ptr = std::fopen("/dev/null", "w");
     SimulatedPhone &phone = SimulatedPhone::instance();
     phone.settings().setFile(directory.filePath(QStringLiteral("settings.db")));
@@ -37,11 +37,13 @@ int main(int argc, char **argv)
 
     Kvq::CallSetupWorker &worker = Kvq::CallSetupWorker::instance();
     worker.setQuitTimeout(std::chrono::milliseconds(hangs ? 300 : 5000));
-    worker.run([](Kvq::Engine &engine) {
+    QFuture<void> written = worker.run([](Kvq::Engine &engine) {
         if (engine.setup.setRoamAlert(true))
             std::puts("stored");
     });
     worker.run([](Kvq::Engine &engine) { return engine.setup.setLineNo(2); });
-    QTimer::singleShot(50, &application, [] { QCoreApplication::exit(7); });
+    if (hangs)
+        written.waitForFinished();
+    QTimer::singleShot(0, &application, [] { QCoreApplication::exit(7); });
     return QCoreApplication::exec();
 }

@@ -1,0 +1,144 @@
+// The prompt on a terminal: interrupts, completion, and what the history may keep.
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+
+#include <chrono>
+#include <csignal>
+
+#include <poll.h>
+#include <pty.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+using testing::HasSubstr;
+
+/** A console on a terminal of its own. */
+class PromptTest : public testing::Test {
+protected:
+    PromptTest()
+    {
+        m_console = forkpty(&m_terminal, nullptr, nullptr, nullptr);
+        if (m_console == 0) {
+            setenv("XDG_DATA_HOME", qPrintable(m_directory.path()), 1);
+            setenv("TERM", "xterm", 1);
+            execl(KVQ_CONSOLE, KVQ_CONSOLE, "-q", nullptr);
+            _exit(1);
+        }
+        waitFor("> ");
+    }
+    ~PromptTest() override
+    {
+        close(m_terminal);
+        if (m_console > 0) {
+            kill(m_console, SIGKILL);
+            waitpid(m_console, nullptr, 0);
+        }
+    }
+
+    /** Types something and waits until the console has shown what is expected. */
+    void type(const std::string &keys, const std::string &expected)
+    {
+        ASSERT_EQ(write(m_terminal, keys.data(), keys.size()), static_cast<ssize_t>(keys.size()));
+        waitFor(expected);
+    }
+
+    /** Types the last line and gives the exit status. */
+    int leave()
+    {
+        const std::string line = "quit\r";
+        EXPECT_EQ(write(m_terminal, line.data(), line.size()), static_cast<ssize_t>(line.size()));
+        int status = 0;
+        EXPECT_EQ(waitpid(m_console, &status, 0), m_console);
+        m_console = -1;
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+
+    std::string history() const
+    {
+        QFile file(historyFile());
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll().toStdString();
+    }
+    QString historyFile() const { return m_directory.filePath(QStringLiteral("kvq-phone/history")); }
+
+private:
+    void waitFor(const std::string &expected)
+    {
+        constexpr int patience = 10'000; // milliseconds
+        std::string shown;
+        pollfd terminal = {m_terminal, POLLIN, 0};
+        while (shown.find(expected) == std::string::npos && poll(&terminal, 1, patience) == 1) {
+            std::array<char, 4096> buffer = {};
+            const ssize_t bytes = read(m_terminal, buffer.data(), buffer.size());
+            if (bytes <= 0)
+                break;
+            shown.append(buffer.data(), static_cast<std::size_t>(bytes));
+        }
+        EXPECT_THAT(shown, HasSubstr(expected));
+    }
+
+    QTemporaryDir m_directory;
+    int m_terminal = -1;
+    pid_t m_console = -1;
+};
+
+TEST_F(PromptTest, AnInterruptDropsTheLineAndKeepsPhoneAndHistory)
+{
+    type("setLineNo 2\r", "result = ");
+    type("setLineNo 1", "setLineNo 1");
+    type("\003", "> ");
+    type("\003", "> ");
+    type("isReminder\r", "result = ");
+    EXPECT_EQ(history(), "setLineNo 2\nisReminder\n");
+    EXPECT_EQ(leave(), 0);
+}
+
+TEST_F(PromptTest, NamesAndArgumentWordsAreCompleted)
+{
+    type("getVoiceCallsD\t", "ivert ");
+    type("not\t", "-reachable ");
+    type("\r", "result = ");
+    type(".help setLineN\t\r", "Selects a line");
+    type("setRoamAlert of\t\r", "result = ");
+    type(".fail TAPI_CS_SelectL\t5\r", "> ");
+    EXPECT_EQ(history(),
+              "getVoiceCallsDivert not-reachable\n.help setLineNo\nsetRoamAlert off\n"
+              ".fail TAPI_CS_SelectLine 5\n");
+}
+
+/** A line is kept only when it is known to carry no PIN; whatever was mistyped may carry one. */
+TEST_F(PromptTest, NoLineThatCarriesAPinIsKept)
+{
+    const std::string result = "result = ";
+    const std::string error = "error: ";
+    for (const auto &[line, shown] : {std::pair<std::string, std::string>("setupVerifySimPin 1234", result),
+                                      {"  setupVerifySimPin  1234", result},
+                                      {"PHONE_ENG_Setup::setupVerifySimPin 1234", result},
+                                      {"\"setupVerifySimPin\" \"1234\"", result},
+                                      {"setup\"Verify\"SimPin 1234", result},
+                                      {"SETUPVERIFYSIMPIN 1234", error},
+                                      {"setupVerifySimPinn 1234", error},
+                                      {"verify 1234", error},
+                                      {"isReminder 1234", error},
+                                      {"setFixedDialing on", error},
+                                      {"setupVerifySimPin \"1234", error},
+                                      {".log on 1234", error},
+                                      {".nothing 1234", error}})
+        type(line + "\r", shown);
+    type("# setupVerifySimPin 1234\r", "> ");
+    type("unblockingPin 12345678 1234\r", result);
+    type(".state\r", "PIN1");
+    type("isReminder\r", result);
+    EXPECT_EQ(leave(), 0);
+    EXPECT_EQ(history(), ".state\nisReminder\nquit\n");
+    struct stat status = {};
+    ASSERT_EQ(stat(QFile::encodeName(historyFile()).constData(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777, 0600U);
+}
+
+} // namespace
