@@ -39,9 +39,9 @@ bool SettingsAccess::read(const QString &group, const QString &key, int &value, 
 }
 
 bool SettingsAccess::read(const QString &group, const QString &key, QString &value,
-                          const QString &defaultValue)
+                          const QString &defaultValue, bool encrypted)
 {
-    const auto stored = m_store.readText({m_app, group, key}, collector());
+    const auto stored = encrypted ? std::nullopt : m_store.readText({m_app, group, key}, collector());
     value = stored.value_or(defaultValue);
     return stored.has_value();
 }
@@ -60,10 +60,12 @@ bool SettingsAccess::write(const QString &group, const QString &key, int value)
     });
 }
 
-bool SettingsAccess::write(const QString &group, const QString &key, const QString &value)
+bool SettingsAccess::write(const QString &group, const QString &key, const QString &value, bool encrypted)
 {
     return write([&](const void *collector) {
-        return m_store.writeText({m_app, group, key}, value, collector);
+        if (encrypted)
+            errno = ENOTSUP;
+        return !encrypted && m_store.writeText({m_app, group, key}, value, collector);
     });
 }
 

@@ -39,11 +39,13 @@ public:
     /** True when a value of this type is stored; else the default is given. */
     bool read(const QString &group, const QString &key, bool &value, bool defaultValue);
     bool read(const QString &group, const QString &key, int &value, int defaultValue);
-    bool read(const QString &group, const QString &key, QString &value, const QString &defaultValue);
+    bool read(const QString &group, const QString &key, QString &value, const QString &defaultValue,
+              bool encrypted = false);
 
     bool write(const QString &group, const QString &key, bool value);
     bool write(const QString &group, const QString &key, int value);
-    bool write(const QString &group, const QString &key, const QString &value);
+    /** There is no encryption here: asked for it, this refuses (ENOTSUP), and read() finds nothing. */
+    bool write(const QString &group, const QString &key, const QString &value, bool encrypted = false);
 
     /** Makes the collected writes durable, all or none. */
     bool flush();

@@ -245,12 +245,14 @@ Fault read(const std::string &path, Content &content)
         if (!S_ISREG(status.st_mode) || status.st_size > largestImage)
             return notAFile();
         const bool journal = hasJournal(path);
+        content.standsAlone = !journal;
         if (journal && status.st_size == 0)
             return {EUCLEAN, "is damaged (empty, with a journal beside it)"};
         if (Fault fault = journal ? InPlace(path).read(content.image)
                                   : readBytes(content.file.number(), status.st_size, content.image))
             return fault;
-        content.standsAlone = !SettingsImage::endWriteAheadMode(content.image) && !journal;
+        if (SettingsImage::endWriteAheadMode(content.image))
+            content.standsAlone = false;
         // Nothing must have been written in place meanwhile. A journal that was rolled back is gone now, and what
         // it left is read the next time round.
         if (fstat(content.file.number(), &status) != 0)

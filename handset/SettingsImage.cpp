@@ -81,6 +81,8 @@ Fault checkHeader(const std::string &image)
 {
     if (image.size() < headerSize || image.compare(0, magic.size(), magic) != 0)
         return damaged("no header");
+    if (image[formatsAt] != 1 || image[formatsAt + 1] != 1)
+        return damaged("a format that is none"); // SQLite would let it be read, and not written
     const std::size_t stored = numberAt(image, pageSizeAt) >> 16;
     const std::size_t pageSize = stored == 1 ? 65536 : stored;
     const bool counted = numberAt(image, changeCounterAt) == numberAt(image, countedAtChangeAt);

@@ -278,7 +278,7 @@ Fault SettingsStore::begin()
         return fault;
     auto draft = std::make_unique<Draft>();
     draft->path = resolved;
-    if (Fault fault = draft->turn.begin(resolved, patience))
+    if (Fault fault = draft->turn.begin(resolved, patience, m_stoodInLine))
         return fault;
     {
         const std::lock_guard lock(m_claimMutex);

@@ -140,6 +140,7 @@ private:
     std::thread::id m_ownerThread;
     bool m_parentCollects = false; ///< in a child of a fork, as long as the turn was not ours once
 
+    WriterTurn::Clock::time_point m_stoodInLine = {}; ///< belongs to the owner
     /** Belongs to the owner; what the mutex above guards may look at it with both in hand. */
     std::unique_ptr<Draft> m_draft;
 };

@@ -16,6 +16,7 @@ namespace {
 
 constexpr off_t turn = 0;
 constexpr off_t firstInLine = 1;
+constexpr auto longestTurn = 20ms;
 
 bool setLock(int file, off_t byte, short type)
 {
@@ -55,10 +56,12 @@ void noteHolder(int file)
 
 } // namespace
 
-Fault WriterTurn::begin(const std::string &path, std::chrono::milliseconds patience)
+Fault WriterTurn::begin(const std::string &path, std::chrono::milliseconds patience,
+                        Clock::time_point &stoodInLine)
 {
     const std::string name = path + "-lock";
-    const auto started = std::chrono::steady_clock::now();
+    const auto started = Clock::now();
+    const bool goesOn = started - stoodInLine < longestTurn;
     bool first = false;
     for (unsigned int attempt = 1;; ++attempt) {
         if (!m_file) {
@@ -69,12 +72,15 @@ Fault WriterTurn::begin(const std::string &path, std::chrono::milliseconds patie
                         std::string("has a lock that cannot be opened: ") + std::strerror(errno)};
             first = false;
         }
-        const auto waited = std::chrono::steady_clock::now() - started;
-        first = first || setLock(m_file.number(), firstInLine, F_WRLCK);
-        if ((first || waited > 1s) && setLock(m_file.number(), turn, F_WRLCK)) {
+        const auto waited = Clock::now() - started;
+        const bool passes = (goesOn && attempt == 1) || waited > 1s;
+        first = first || (!passes && setLock(m_file.number(), firstInLine, F_WRLCK));
+        if ((first || passes) && setLock(m_file.number(), turn, F_WRLCK)) {
             if (standsUnder(name, m_file.number())) {
                 setLock(m_file.number(), firstInLine, F_UNLCK);
                 noteHolder(m_file.number());
+                if (first)
+                    stoodInLine = Clock::now();
                 return {};
             }
             m_file.reset();
@@ -85,8 +91,8 @@ Fault WriterTurn::begin(const std::string &path, std::chrono::milliseconds patie
             end();
             return {EBUSY, "is kept locked by " + who + ", so a value was not stored"};
         }
-        // Uneven, so that no two processes keep step with each other.
-        std::this_thread::sleep_for(first ? 100us : 200us + attempt * 7919 % 500 * 1us);
+        // Uneven, so that no two processes keep step with each other. Who looks more often is let in later.
+        std::this_thread::sleep_for(first ? 400us : 2ms + attempt * 7919 % 5000 * 1us);
     }
 }
 

@@ -13,7 +13,8 @@
  * @file
  * The telephony session and call control.
  *
- * Every function is synchronous and runs on the caller's thread; none keeps state but the link probe.
+ * Every function is synchronous and runs on the caller's thread; none keeps state but the link probe. Use them, and
+ * the objects of the other faces, from one thread of a process.
  *
  * @par Call ids
  * A call id names one call of the platform's call table. 0 and 255 never name a call.

@@ -21,8 +21,9 @@ struct Store {
 
 Store &store()
 {
-    static Store store;
-    return store;
+    // Never destroyed: an application may use the engine until the process is gone.
+    static Store *const store = new Store;
+    return *store;
 }
 
 SettingsStore::Name nameOf(const QString &key)

@@ -11,8 +11,9 @@ namespace {
 
 SettingsStore &store()
 {
-    static SettingsStore store;
-    return store;
+    // Never destroyed: an application may use the engine until the process is gone.
+    static SettingsStore *const store = new SettingsStore;
+    return *store;
 }
 
 SettingsAccess &accessIn(void *(&room)[6])
@@ -42,9 +43,10 @@ bool SETUP_SET_Manager::getSettingInfo(QString group, QString key, int &value, i
     return accessIn(m_room).read(group, key, value, defaultValue);
 }
 
-bool SETUP_SET_Manager::getSettingInfo(QString group, QString key, QString &value, QString defaultValue, bool)
+bool SETUP_SET_Manager::getSettingInfo(QString group, QString key, QString &value, QString defaultValue,
+                                       bool encrypted)
 {
-    return accessIn(m_room).read(group, key, value, defaultValue);
+    return accessIn(m_room).read(group, key, value, defaultValue, encrypted);
 }
 
 bool SETUP_SET_Manager::setSettingInfo(QString group, QString key, bool value)
@@ -57,9 +59,9 @@ bool SETUP_SET_Manager::setSettingInfo(QString group, QString key, int value)
     return accessIn(m_room).write(group, key, value);
 }
 
-bool SETUP_SET_Manager::setSettingInfo(QString group, QString key, QString value, bool)
+bool SETUP_SET_Manager::setSettingInfo(QString group, QString key, QString value, bool encrypted)
 {
-    return accessIn(m_room).write(group, key, value);
+    return accessIn(m_room).write(group, key, value, encrypted);
 }
 
 bool SETUP_SET_Manager::flush()

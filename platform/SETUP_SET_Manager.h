@@ -12,6 +12,10 @@
  * group, key and type. A write or flush() that answers false leaves the reason in errno: ENOSPC when
  * the file system is full. errno must survive until the caller has looked at it.
  *
+ * With @p encrypted true a platform owes a text that cannot be read off the storage: stored encrypted, with a key that
+ * is not kept beside it, and readable again through the same flag only. The engine passes false always. A platform
+ * that cannot do so answers a write with true false, as the platforms here do (errno ENOTSUP), and finds nothing.
+ *
  * The engine makes these objects itself, so their size never changes: what a platform keeps for one goes into its
  * room, or behind a pointer in it. The engine does not look into the room.
  */

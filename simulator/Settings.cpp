@@ -18,8 +18,8 @@ bool readSetting(SettingsAccess &settings, const QString &group, const QString &
 {
     return platformCall(
         "SETUP_SET_Manager::getSettingInfo", {Out(&value)},
-        [&] { return settings.read(group, key, value, defaultValue); }, group, key, defaultValue,
-        encrypted...);
+        [&] { return settings.read(group, key, value, defaultValue, encrypted...); }, group, key,
+        defaultValue, encrypted...);
 }
 
 template <typename Value, typename... Rest>
@@ -27,8 +27,8 @@ bool writeSetting(SettingsAccess &settings, const QString &group, const QString 
                   const Rest &...encrypted)
 {
     const bool written = platformCall(
-        "SETUP_SET_Manager::setSettingInfo", {}, [&] { return settings.write(group, key, value); }, group,
-        key, value, encrypted...);
+        "SETUP_SET_Manager::setSettingInfo", {},
+        [&] { return settings.write(group, key, value, encrypted...); }, group, key, value, encrypted...);
     if (!written)
         settings.refuse(); // also when the answer was scripted
     return written;

@@ -1,0 +1,12 @@
+#!/usr/bin/env bash
+# Tortures the settings store: killed, stopped and crowding processes, full and failing disks, damaged files.
+# Prints a table of tries and faults and fails on any fault. A few minutes; root sees the loop-mounted disks too.
+# usage: scripts/torture.sh [EFFORT]     1 when not given; 0.1 for a quick look, 10 for a night
+set -euo pipefail
+cd "$(dirname "$0")/.."
+source scripts/packages.sh
+
+need_packages "${build_packages[@]}" e2fsprogs
+cmake --preset release >/dev/null
+cmake --build build/release --target torture -- --quiet
+exec build/release/tests/torture/torture "${1-1}" build/release

@@ -1,0 +1,325 @@
+// The settings store by itself: odd files, older files, modes, forks and threads.
+#include "SettingsAccess.h"
+#include "SettingsStore.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <cstdlib>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <csignal>
+#include <sqlite3.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+const SettingsStore::Name audibleTimer = {4, QStringLiteral("Setup"), QStringLiteral("audibleTimer")};
+const SettingsStore::Name reminder = {4, QStringLiteral("Setup"), QStringLiteral("reminder")};
+
+/** For a function that exit() calls. */
+SettingsStore *onTheWayOut = nullptr;
+
+class StoreTest : public testing::Test {
+protected:
+    StoreTest() { store.setFile(m_file); }
+
+    int timer() { return store.readInteger(audibleTimer, SettingsStore::Type::Int).value_or(-1); }
+    bool setTimer(int value)
+    {
+        return store.writeInteger(audibleTimer, SettingsStore::Type::Int, value, nullptr);
+    }
+    bool setReminder() { return store.writeInteger(reminder, SettingsStore::Type::Bool, 0, nullptr); }
+
+    std::string path() const { return m_file.toStdString(); }
+
+    /** What the sqlite tool would do to the file, all in one go. */
+    void throughSqlite(const char *sql)
+    {
+        sqlite3 *connection = nullptr;
+        ASSERT_EQ(sqlite3_open(path().c_str(), &connection), SQLITE_OK);
+        ASSERT_EQ(sqlite3_exec(connection, sql, nullptr, nullptr, nullptr), SQLITE_OK)
+            << sqlite3_errmsg(connection);
+        sqlite3_close(connection);
+    }
+
+    QByteArray content() const
+    {
+        QFile file(m_file);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    void setContent(const QByteArray &bytes)
+    {
+        QFile file(m_file);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+
+    static mode_t modeOf(const std::string &file)
+    {
+        struct stat status = {};
+        return stat(file.c_str(), &status) == 0 ? status.st_mode & 07777 : 0;
+    }
+
+    /** Runs a part in a child of fork and says whether it was content. */
+    template <typename Body>
+    static bool holdsInChild(Body body)
+    {
+        const pid_t child = fork();
+        if (child == 0)
+            std::_Exit(body() ? 0 : 1);
+        int status = 0;
+        waitpid(child, &status, 0);
+        return status == 0;
+    }
+
+    QTemporaryDir m_directory;
+    QString m_file = m_directory.filePath(QStringLiteral("settings.db"));
+    SettingsStore store;
+};
+
+/** The file as it was before it had a version. */
+constexpr char olderFile[] = "CREATE TABLE IF NOT EXISTS settings (app INTEGER NOT NULL, grp TEXT NOT NULL, "
+                             "key TEXT NOT NULL, type INTEGER NOT NULL, value NOT NULL, "
+                             "PRIMARY KEY (app, grp, key, type)) WITHOUT ROWID;"
+                             "INSERT INTO settings VALUES (4, 'Setup', 'audibleTimer', 1, 7)";
+
+TEST_F(StoreTest, WhatCannotBeReadIsReportedOnceAndUsedAgainWhenItIsMended)
+{
+    ASSERT_TRUE(setTimer(7));
+    const QByteArray good = content();
+    QByteArray newer = good;
+    newer[63] = 2;
+    QByteArray foreign = good;
+    foreign[71] = 'X';
+    const struct {
+        QByteArray bytes;
+        const char *report;
+        int reason;
+    } cases[] = {
+        {good.left(good.size() - 1), "its length is not what its header says", EUCLEAN},
+        {good + "more", "its length is not what its header says", EUCLEAN},
+        {good.left(50), "no header", EUCLEAN},
+        {newer, "is of version 2, newer than this program", EMEDIUMTYPE},
+        {foreign, "another application's mark", EMEDIUMTYPE},
+    };
+    for (const auto &bad : cases) {
+        SCOPED_TRACE(bad.report);
+        store.setFile(m_file); // which forgets what was reported
+        EXPECT_EQ(timer(), 7);
+        setContent(bad.bytes);
+        testing::internal::CaptureStderr();
+        EXPECT_EQ(timer(), -1);
+        EXPECT_EQ(timer(), -1);
+        EXPECT_FALSE(setTimer(8));
+        EXPECT_EQ(errno, bad.reason);
+        const std::string report = testing::internal::GetCapturedStderr();
+        EXPECT_NE(report.find(bad.report), std::string::npos) << report;
+        EXPECT_EQ(std::count(report.begin(), report.end(), '\n'), 1) << report;
+        EXPECT_EQ(content(), bad.bytes);
+        setContent(good); // in place
+        EXPECT_EQ(timer(), 7);
+        EXPECT_TRUE(setTimer(7));
+    }
+}
+
+TEST_F(StoreTest, AnEmptyFileIsAnEmptyStoreUnlessAJournalStandsBesideIt)
+{
+    setContent({});
+    QFile journal(m_file + QStringLiteral("-journal"));
+    ASSERT_TRUE(journal.open(QIODevice::WriteOnly) && journal.write("something") > 0);
+    journal.close();
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(timer(), -1);
+    EXPECT_FALSE(setTimer(8));
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("a journal beside it"), std::string::npos);
+    ASSERT_TRUE(journal.remove());
+    EXPECT_TRUE(setTimer(8));
+    EXPECT_EQ(timer(), 8);
+}
+
+TEST_F(StoreTest, AnOlderFileIsTakenOverWithItsJournal)
+{
+    for (const bool interrupted : {false, true}) {
+        SCOPED_TRACE(interrupted);
+        QFile::remove(m_file);
+        throughSqlite(olderFile);
+        if (interrupted) {
+            // A writer of that time is killed with its new value in the file and the old one in the journal.
+            EXPECT_FALSE(holdsInChild([this] {
+                sqlite3 *connection = nullptr;
+                sqlite3_open(path().c_str(), &connection);
+                sqlite3_exec(connection,
+                             "PRAGMA cache_size = 1; PRAGMA cache_spill = 1; BEGIN; "
+                             "UPDATE settings SET value = 99; WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL "
+                             "SELECT i + 1 FROM n WHERE i < 2000) INSERT INTO settings "
+                             "SELECT 4, 'Setup', 'key' || i, 2, 'some text that takes space' FROM n",
+                             nullptr, nullptr, nullptr);
+                return kill(getpid(), SIGKILL) != 0;
+            }));
+            ASSERT_TRUE(QFile::exists(m_file + QStringLiteral("-journal")));
+        }
+        EXPECT_EQ(timer(), 7);
+        EXPECT_TRUE(setReminder());
+        EXPECT_EQ(timer(), 7);
+        EXPECT_EQ(content().mid(68, 4), QByteArray("KVQS"));
+    }
+}
+
+TEST_F(StoreTest, WhatAnotherToolWritesInPlaceIsSeen)
+{
+    ASSERT_TRUE(setTimer(7));
+    throughSqlite("UPDATE settings SET value = 9");
+    EXPECT_EQ(timer(), 9);
+    throughSqlite("UPDATE settings SET value = 'nine'");
+    EXPECT_EQ(timer(), -1) << "a value of another type is as if it were absent";
+
+    // A tool that is stopped in the middle of its work, with what it writes ahead beside the file.
+    sqlite3 *connection = nullptr;
+    ASSERT_EQ(sqlite3_open(path().c_str(), &connection), SQLITE_OK);
+    sqlite3_exec(connection, "PRAGMA journal_mode = WAL; UPDATE settings SET value = 11; BEGIN IMMEDIATE",
+                 nullptr, nullptr, nullptr);
+    EXPECT_EQ(timer(), 11);
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(setTimer(12));
+    EXPECT_EQ(errno, EBUSY);
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("in place"), std::string::npos);
+    EXPECT_EQ(timer(), 11);
+    sqlite3_close(connection);
+    EXPECT_TRUE(setTimer(12));
+    EXPECT_EQ(timer(), 12);
+}
+
+TEST_F(StoreTest, FileAndFolderAreTheUsersOwnWhateverTheMask)
+{
+    const std::string folder = path() + ".d/inner";
+    const std::string file = folder + "/settings.db";
+    for (const mode_t mask : {0000u, 0777u}) {
+        SCOPED_TRACE(mask);
+        QDir(QString::fromStdString(path() + ".d")).removeRecursively();
+        store.setFile(QString::fromStdString(file));
+        const mode_t before = umask(mask);
+        EXPECT_TRUE(setTimer(7));
+        umask(before);
+        EXPECT_EQ(modeOf(folder), 0700u);
+        EXPECT_EQ(modeOf(path() + ".d"), 0700u);
+        EXPECT_EQ(modeOf(file), 0600u);
+    }
+    ASSERT_EQ(chmod(file.c_str(), 0640), 0);
+    ASSERT_EQ(chmod(folder.c_str(), 0750), 0);
+    EXPECT_TRUE(setTimer(8));
+    EXPECT_EQ(modeOf(file), 0640u) << "what is there keeps its mode";
+    EXPECT_EQ(modeOf(folder), 0750u);
+}
+
+TEST_F(StoreTest, ALinkIsFollowedAndStays)
+{
+    const QString link = m_file + QStringLiteral(".link");
+    ASSERT_TRUE(setTimer(7));
+    ASSERT_TRUE(QFile::link(m_file, link));
+    store.setFile(link);
+    EXPECT_EQ(timer(), 7);
+    EXPECT_TRUE(setTimer(8));
+    EXPECT_EQ(timer(), 8);
+    EXPECT_TRUE(QFileInfo(link).isSymLink());
+    store.setFile(m_file);
+    EXPECT_EQ(timer(), 8);
+}
+
+TEST_F(StoreTest, AChildOfForkLeavesTheParentsCollectionAlone)
+{
+    const QString group = QStringLiteral("Setup");
+    const QString key = QStringLiteral("audibleTimer");
+    ASSERT_TRUE(setTimer(1));
+    SettingsAccess settings(store, 4, false);
+    ASSERT_TRUE(settings.write(group, key, 5));
+    EXPECT_TRUE(holdsInChild([&] {
+        const auto start = std::chrono::steady_clock::now();
+        testing::internal::CaptureStderr();
+        const bool refused = !setReminder() && errno == EBUSY;
+        const bool flushed = settings.flush();
+        settings.~SettingsAccess();
+        return refused && !flushed && timer() == 1
+            && std::chrono::steady_clock::now() - start < std::chrono::seconds(1);
+    }));
+    EXPECT_EQ(timer(), 1) << "collected values are seen by nobody else";
+    EXPECT_TRUE(settings.flush());
+    EXPECT_EQ(timer(), 5);
+    EXPECT_TRUE(holdsInChild([this] { return setReminder(); }));
+    EXPECT_EQ(store.readInteger(reminder, SettingsStore::Type::Bool), 0);
+}
+
+TEST_F(StoreTest, ACollectionGivesWayToAFileOfOthers)
+{
+    ASSERT_TRUE(setTimer(1));
+    ASSERT_TRUE(QFile::copy(m_file, m_file + QStringLiteral(".copy")));
+    SettingsAccess settings(store, 4, false);
+    ASSERT_TRUE(settings.write(QStringLiteral("Setup"), QStringLiteral("audibleTimer"), 5));
+    ASSERT_EQ(rename((path() + ".copy").c_str(), path().c_str()), 0);
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(settings.flush());
+    EXPECT_EQ(errno, EIO);
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("replaced by others"), std::string::npos);
+    EXPECT_EQ(timer(), 1);
+}
+
+TEST_F(StoreTest, TwoThreadsUseTheStoreAtOnce)
+{
+    const auto nameOf = [](int thread) {
+        return SettingsStore::Name{4, QStringLiteral("Setup"), QString::number(thread)};
+    };
+    std::array<int, 2> wrong = {};
+    std::vector<std::thread> threads;
+    for (int thread = 0; thread < 2; ++thread) {
+        threads.emplace_back([&, thread] {
+            for (int turn = 1; turn <= 60; ++turn) {
+                const int value = turn * 2 + thread;
+                const void *const collector =
+                    turn % 3 == 0 ? &wrong[static_cast<std::size_t>(thread)] : nullptr;
+                bool good = store.writeInteger(nameOf(thread), SettingsStore::Type::Int, value, collector);
+                good = good && (!collector || store.commit(collector));
+                good = good && store.readInteger(nameOf(thread), SettingsStore::Type::Int) == value;
+                wrong[static_cast<std::size_t>(thread)] += good ? 0 : 1;
+            }
+        });
+    }
+    for (std::thread &thread : threads)
+        thread.join();
+    EXPECT_EQ(wrong, (std::array<int, 2>{}));
+}
+
+TEST_F(StoreTest, TheStoreCanBeUsedUntilTheProcessIsGone)
+{
+    ASSERT_TRUE(setTimer(7));
+    const pid_t child = fork();
+    if (child == 0) {
+        onTheWayOut = &store;
+        // Runs after the destructors of what was made later than this.
+        std::atexit([] {
+            SettingsAccess settings(*onTheWayOut, 4, true);
+            int value = 0;
+            settings.read(QStringLiteral("Setup"), QStringLiteral("audibleTimer"), value, -1);
+            settings.write(QStringLiteral("Setup"), QStringLiteral("audibleTimer"), value + 1);
+        });
+        std::exit(0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(timer(), 8);
+}
+
+} // namespace

@@ -1,0 +1,136 @@
+// A disk that fails when it is told to. The functions here are found before those of the system.
+#include "FailingDisk.h"
+
+#include <atomic>
+#include <cerrno>
+#include <cstdarg>
+#include <cstdio>
+
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+std::atomic<bool> armed = false;
+std::atomic<int> calls = 0;
+int failingCall = 0;
+int failure = 0;
+bool failsForGood = false;
+
+bool fails()
+{
+    if (!armed)
+        return false;
+    const int call = ++calls;
+    if (call != failingCall && !(failsForGood && call > failingCall))
+        return false;
+    errno = failure;
+    return true;
+}
+
+template <typename Function>
+Function *system(const char *name)
+{
+    return reinterpret_cast<Function *>(dlsym(RTLD_NEXT, name));
+}
+
+int openNext(const char *name, const char *path, int flags, mode_t mode)
+{
+    if ((flags & (O_CREAT | O_DIRECTORY)) != 0 && fails())
+        return -1;
+    return system<int(const char *, int, ...)>(name)(path, flags, mode);
+}
+
+mode_t modeOf(int flags, va_list arguments)
+{
+    return (flags & O_CREAT) != 0 ? static_cast<mode_t>(va_arg(arguments, unsigned int)) : 0;
+}
+
+} // namespace
+
+// Seen by the libraries of the program as well.
+#pragma GCC visibility push(default)
+
+extern "C" {
+
+int open(const char *path, int flags, ...)
+{
+    va_list arguments;
+    va_start(arguments, flags);
+    const mode_t mode = modeOf(flags, arguments);
+    va_end(arguments);
+    return openNext("open", path, flags, mode);
+}
+
+int open64(const char *path, int flags, ...)
+{
+    va_list arguments;
+    va_start(arguments, flags);
+    const mode_t mode = modeOf(flags, arguments);
+    va_end(arguments);
+    return openNext("open64", path, flags, mode);
+}
+
+int fsync(int file)
+{
+    return fails() ? -1 : system<int(int)>("fsync")(file);
+}
+
+ssize_t pwrite(int file, const void *bytes, size_t count, off_t position)
+{
+    return fails()
+        ? -1
+        : system<ssize_t(int, const void *, size_t, off_t)>("pwrite")(file, bytes, count, position);
+}
+
+int ftruncate(int file, off_t length) noexcept
+{
+    return fails() ? -1 : system<int(int, off_t)>("ftruncate")(file, length);
+}
+
+int fchmod(int file, mode_t mode) noexcept
+{
+    return fails() ? -1 : system<int(int, mode_t)>("fchmod")(file, mode);
+}
+
+int mkdir(const char *path, mode_t mode) noexcept
+{
+    return fails() ? -1 : system<int(const char *, mode_t)>("mkdir")(path, mode);
+}
+
+int rename(const char *from, const char *to) noexcept
+{
+    return fails() ? -1 : system<int(const char *, const char *)>("rename")(from, to);
+}
+
+int renameat2(int fromFolder, const char *from, int toFolder, const char *to, unsigned int flags) noexcept
+{
+    return fails() ? -1
+                   : system<int(int, const char *, int, const char *, unsigned int)>("renameat2")(
+                       fromFolder, from, toFolder, to, flags);
+}
+
+int unlink(const char *path) noexcept
+{
+    return fails() ? -1 : system<int(const char *)>("unlink")(path);
+}
+}
+
+#pragma GCC visibility pop
+
+void FailingDisk::failAt(int call, int error, bool forGood)
+{
+    failingCall = call;
+    failure = error;
+    failsForGood = forGood;
+    calls = 0;
+    armed = true;
+}
+
+int FailingDisk::repair()
+{
+    armed = false;
+    return calls;
+}

@@ -1,0 +1,15 @@
+// A disk that fails when it is told to: stands between the store and the system in the program that links it.
+#pragma once
+
+namespace FailingDisk {
+
+/**
+ * From now on the call of that number, counted from 1 over all that change or sync something, fails with @p error.
+ * @param forGood all calls after it fail as well
+ */
+void failAt(int call, int error, bool forGood);
+
+/** Works again. Returns how many calls there were, failed ones included. */
+int repair();
+
+} // namespace FailingDisk

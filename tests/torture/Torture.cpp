@@ -1,0 +1,672 @@
+// What can go wrong around the settings store, done to it on purpose.
+#include "Torture.h"
+
+#include "FailingDisk.h"
+#include "SettingsStore.h"
+
+#include <QString>
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <random>
+#include <sstream>
+#include <thread>
+
+#include <csignal>
+#include <fcntl.h>
+#include <sched.h>
+#include <sys/mman.h>
+#include <sys/mount.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace Torture {
+
+namespace {
+
+namespace fs = std::filesystem;
+using Clock = std::chrono::steady_clock;
+using namespace std::chrono_literals;
+
+constexpr int collector = 0; // its address stands for a collecting object
+
+SettingsStore::Name name(const char *key)
+{
+    return {4, QStringLiteral("Setup"), QString::fromLatin1(key)};
+}
+
+/** A store as a process that has just started has it. */
+struct Fresh : SettingsStore {
+    explicit Fresh(const std::string &file) { setFile(QString::fromStdString(file)); }
+
+    int number(const char *key) { return readInteger(name(key), Type::Int).value_or(-1); }
+    QString text(const char *key) { return readText(name(key)).value_or(QString()); }
+    bool put(const char *key, int value, const void *owner = nullptr)
+    {
+        return writeInteger(name(key), Type::Int, value, owner);
+    }
+    bool put(const char *key, const QString &value, const void *owner = nullptr)
+    {
+        return writeText(name(key), value, owner);
+    }
+};
+
+double microsecondsSince(Clock::time_point start)
+{
+    return std::chrono::duration<double, std::micro>(Clock::now() - start).count();
+}
+
+template <typename Body>
+pid_t inChild(Body body)
+{
+    const pid_t child = fork();
+    if (child == 0) {
+        body();
+        std::_Exit(0);
+    }
+    return child;
+}
+
+int waitFor(pid_t child)
+{
+    int status = 0;
+    waitpid(child, &status, 0);
+    return status;
+}
+
+/** Standard error goes nowhere for a while: what is reported on purpose is not for the reader of the table. */
+class Silence {
+public:
+    Silence()
+        : m_kept(dup(STDERR_FILENO))
+    {
+        const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
+        dup2(nowhere, STDERR_FILENO);
+        close(nowhere);
+    }
+    ~Silence()
+    {
+        dup2(m_kept, STDERR_FILENO);
+        close(m_kept);
+    }
+    Silence(const Silence &) = delete;
+    Silence &operator=(const Silence &) = delete;
+
+private:
+    int m_kept;
+};
+
+/** Runs a part in a process of its own, with mounts of its own that end with it. */
+Outcome inOwnMounts(const std::function<Outcome()> &part)
+{
+    std::array<int, 2> ends = {};
+    if (pipe(ends.data()) != 0)
+        return {0, 0, {}, {}, "no pipe"};
+    const pid_t child = inChild([&] {
+        const bool own = unshare(CLONE_NEWNS) == 0 || unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0;
+        Outcome outcome;
+        if (own && mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0)
+            outcome = part();
+        else
+            outcome.cannotRunHere = "mounts of its own are not allowed";
+        std::ostringstream text;
+        text << outcome.tries << '\n'
+             << outcome.faults << '\n'
+             << outcome.firstFault << '\n'
+             << outcome.remark << '\n'
+             << outcome.cannotRunHere << '\n';
+        std::ignore = ::write(ends[1], text.str().data(), text.str().size());
+    });
+    close(ends[1]);
+    std::string text;
+    std::array<char, 512> bytes = {};
+    for (ssize_t count = 0; (count = ::read(ends[0], bytes.data(), bytes.size())) > 0;)
+        text.append(bytes.data(), static_cast<std::size_t>(count));
+    close(ends[0]);
+    Outcome outcome;
+    outcome.check(waitFor(child) == 0, "the process died");
+    std::istringstream lines(text);
+    Outcome inside;
+    lines >> inside.tries >> inside.faults;
+    lines.ignore();
+    std::getline(lines, inside.firstFault);
+    std::getline(lines, inside.remark);
+    std::getline(lines, inside.cannotRunHere);
+    outcome.add(inside);
+    return outcome;
+}
+
+bool fillCompletely(const std::string &file)
+{
+    const int filler = ::open(file.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
+    const std::vector<char> block(1024, 'x');
+    while (::write(filler, block.data(), block.size()) > 0) { }
+    const bool full = errno == ENOSPC;
+    fsync(filler);
+    close(filler);
+    return full;
+}
+
+/** Writes at each level of fill: the truth about each answer, and use as before when the space is back. */
+Outcome atEachLevel(const std::string &folder, int step)
+{
+    Outcome outcome;
+    long refused = 0;
+    const std::string file = folder + "/store/settings.db";
+    const std::string filler = folder + "/filler";
+    const QString old(500, QLatin1Char('1'));
+    const QString next(9000, QLatin1Char('2'));
+    for (int level = 0; level < 64 * 1024; level += step) {
+        fs::remove_all(folder + "/store");
+        fs::remove(filler);
+        {
+            Fresh first(file);
+            outcome.check(first.put("a", old) && first.put("b", 1), "a write with space enough");
+        }
+        fillCompletely(filler);
+        const auto size = static_cast<off_t>(fs::file_size(filler));
+        std::ignore = truncate(filler.c_str(), std::max<off_t>(0, size - level));
+
+        Fresh store(file);
+        errno = 0;
+        const bool single = store.put("a", next);
+        outcome.check(single || errno == ENOSPC, "a refused write says that the disk is full");
+        outcome.check(Fresh(file).text("a") == (single ? next : old), "what a single write answered");
+
+        bool collected = store.put("b", 2, &collector);
+        collected = store.put("c", next, &collector) && collected;
+        outcome.check(collected || errno == ENOSPC, "a refused collected write says that the disk is full");
+        // What a full collection still holds is taken up, so that the commit finds nothing free.
+        if (collected)
+            fillCompletely(folder + "/filler-of-the-rest");
+        outcome.check(!collected || store.commit(&collector),
+                      "a commit after collected writes answered true");
+        store.rollback(&collector);
+        fs::remove(folder + "/filler-of-the-rest");
+        outcome.check(Fresh(file).number("b") == (collected ? 2 : 1), "what a collected write answered");
+        refused += (single ? 0 : 1) + (collected ? 0 : 1);
+
+        fs::remove(filler);
+        outcome.check(store.put("b", 3) && Fresh(file).number("b") == 3, "use when the space is back");
+    }
+    outcome.remark = std::to_string(refused) + " refused for lack of space";
+    outcome.check(refused > 0, "the disk was full at some level");
+    return outcome;
+}
+
+/** The file as a mutation of its bytes leaves it. */
+std::string mutated(std::string bytes, std::mt19937 &random)
+{
+    const auto below = [&random](std::size_t limit) { return random() % std::max<std::size_t>(1, limit); };
+    switch (random() % 6) {
+    case 0: // cut short, down to nothing but a byte
+        return bytes.substr(0, 1 + below(bytes.size() - 1));
+    case 1: // longer
+        return bytes + std::string(1 + below(5000), static_cast<char>(below(256)));
+    case 2: { // a block that was never written
+        const std::size_t at = below(bytes.size() / 512) * 512;
+        return bytes.replace(at, 512, std::string(512, '\0'));
+    }
+    case 3: { // a block of something else
+        const std::size_t at = below(bytes.size() / 512) * 512;
+        for (std::size_t byte = at; byte < at + 512; ++byte)
+            bytes[byte] = static_cast<char>(random());
+        return bytes;
+    }
+    case 4: // one bit in the header
+        bytes[below(100)] ^= static_cast<char>(1 << below(8));
+        return bytes;
+    default: // some bits anywhere
+        for (std::size_t bit = 0; bit < 8; ++bit)
+            bytes[below(bytes.size())] ^= static_cast<char>(1 << below(8));
+        return bytes;
+    }
+}
+
+std::string bytesOf(const std::string &file)
+{
+    std::ostringstream bytes;
+    bytes << std::ifstream(file, std::ios::binary).rdbuf();
+    return bytes.str();
+}
+
+/** How long answers took, in a memory that processes share. */
+struct Meter {
+    static constexpr int perDoubling = 16;
+    std::array<long, 32 * perDoubling> times;
+    long answers;
+    long refused;
+    double longest;
+
+    void note(double microseconds, bool good)
+    {
+        const double nanoseconds = std::max(1.0, microseconds * 1000);
+        const auto slot = static_cast<std::size_t>(std::log2(nanoseconds) * perDoubling);
+        ++times[std::min(slot, times.size() - 1)];
+        ++answers;
+        refused += good ? 0 : 1;
+        longest = std::max(longest, microseconds);
+    }
+    double median() const
+    {
+        long seen = 0;
+        for (std::size_t slot = 0; slot < times.size(); ++slot) {
+            seen += times[slot];
+            if (seen * 2 >= answers)
+                return std::exp2((static_cast<double>(slot) + 0.5) / perDoubling) / 1000;
+        }
+        return 0;
+    }
+};
+
+long openFiles()
+{
+    return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator());
+}
+
+} // namespace
+
+void Outcome::check(bool good, const std::string &what)
+{
+    ++tries;
+    if (good)
+        return;
+    if (faults++ == 0)
+        firstFault = what;
+}
+
+void Outcome::add(const Outcome &other)
+{
+    tries += other.tries;
+    if (faults == 0)
+        firstFault = other.firstFault;
+    faults += other.faults;
+    if (!other.remark.empty())
+        remark = other.remark;
+    if (!other.cannotRunHere.empty())
+        cannotRunHere = other.cannotRunHere;
+}
+
+Outcome killedWriters(const std::string &folder, int rounds)
+{
+    Outcome outcome;
+    const std::string file = folder + "/killed.db";
+    long answers = 0;
+    int last = 0;
+    std::mt19937 random(1);
+    for (int round = 0; round < rounds; ++round) {
+        std::array<int, 2> ends = {};
+        if (pipe(ends.data()) != 0)
+            break;
+        const pid_t child = inChild([&] {
+            Fresh store(file);
+            for (int value = last + 1;; ++value) {
+                const bool together = store.put("a", value, &collector) && store.put("b", value, &collector)
+                    && store.commit(&collector);
+                if (!together || ::write(ends[1], &value, sizeof value) != sizeof value)
+                    std::_Exit(1);
+            }
+        });
+        close(ends[1]);
+        int answered = last;
+        std::ignore = ::read(ends[0], &answered, sizeof answered);
+        std::this_thread::sleep_for(std::chrono::microseconds(random() % 20000));
+        kill(child, SIGKILL);
+        for (int next = 0; ::read(ends[0], &next, sizeof next) == sizeof next;)
+            answered = next;
+        close(ends[0]);
+        outcome.check(WIFSIGNALED(waitFor(child)), "a writer ended by itself");
+        Fresh store(file);
+        answers += answered - last;
+        last = store.number("a");
+        outcome.check(last == answered || last == answered + 1, "what was answered with true is there");
+        outcome.check(store.number("b") == last, "a collection is there as a whole");
+    }
+    outcome.check(Fresh(file).put("a", last), "the next write");
+    outcome.remark = std::to_string(answers) + " answered writes";
+    return outcome;
+}
+
+Outcome stoppedWriters(const std::string &folder, int rounds)
+{
+    Outcome outcome;
+    const std::string file = folder + "/stopped.db";
+    Fresh store(file);
+    outcome.check(store.put("a", 1), "the first write");
+    store.setBusyTimeout(20);
+    long refused = 0;
+    double longest = 0;
+    std::mt19937 random(2);
+    const Silence silence;
+    for (int round = 0; round < rounds; ++round) {
+        const pid_t child = inChild([&] {
+            for (Fresh own(file);;)
+                own.put("a", 2);
+        });
+        std::this_thread::sleep_for(std::chrono::microseconds(2000 + random() % 8000));
+        kill(child, SIGSTOP);
+        int status = 0;
+        waitpid(child, &status, WUNTRACED);
+        for (int reads = 0; reads < 20; ++reads) {
+            const auto start = Clock::now();
+            outcome.check((reads % 2 == 0 ? store.number("a") : Fresh(file).number("a")) > 0,
+                          "a value while a writer is stopped");
+            longest = std::max(longest, microsecondsSince(start));
+        }
+        const auto start = Clock::now();
+        const bool written = store.put("b", round);
+        outcome.check(written || errno == EBUSY, "a refused write says that the store is busy");
+        outcome.check(microsecondsSince(start) < 1e6, "a write is answered in time");
+        outcome.check((store.number("b") == round) == written, "what a write answered");
+        refused += written ? 0 : 1;
+        kill(child, SIGKILL);
+        waitFor(child);
+        outcome.check(store.put("b", -1), "a write after the stopped process is gone");
+    }
+    outcome.remark = std::to_string(refused) + " writes refused in time; longest read "
+        + std::to_string(static_cast<long>(longest)) + " us";
+    return outcome;
+}
+
+Outcome fullMemoryDisks(const std::string &folder, int step)
+{
+    return inOwnMounts([&] {
+        Outcome outcome;
+        if (mount("tmpfs", folder.c_str(), "tmpfs", 0, "size=256k,mode=700") != 0) {
+            outcome.cannotRunHere = "no file system in memory may be mounted";
+            return outcome;
+        }
+        return atEachLevel(folder, step);
+    });
+}
+
+Outcome fullLoopDisks(const std::string &folder, int step)
+{
+    return inOwnMounts([&] {
+        Outcome outcome;
+        const std::string image = folder + "/disk.image";
+        const std::string disk = folder + "/disk";
+        fs::create_directory(disk);
+        std::ofstream(image).close();
+        fs::resize_file(image, 2 * 1024 * 1024);
+        const std::string make = "mkfs.ext4 -q -m 0 -b 1024 " + image + " 2>/dev/null && mount -o loop "
+            + image + ' ' + disk + " 2>/dev/null";
+        if (std::system(make.c_str()) != 0) {
+            outcome.cannotRunHere = "no loop device may be mounted";
+            return outcome;
+        }
+        outcome = atEachLevel(disk, step);
+        umount(disk.c_str());
+        return outcome;
+    });
+}
+
+Outcome noInodes(const std::string &folder)
+{
+    return inOwnMounts([&] {
+        Outcome outcome;
+        if (mount("tmpfs", folder.c_str(), "tmpfs", 0, "size=1m,nr_inodes=40,mode=700") != 0) {
+            outcome.cannotRunHere = "no file system in memory may be mounted";
+            return outcome;
+        }
+        const std::string file = folder + "/settings.db";
+        Fresh store(file);
+        outcome.check(store.put("a", 1), "the first write");
+        int fillers = 0;
+        for (;; ++fillers) {
+            const int filler =
+                ::open((folder + '/' + std::to_string(fillers)).c_str(), O_WRONLY | O_CREAT, 0600);
+            if (filler < 0)
+                break;
+            close(filler);
+        }
+        for (const void *const owner :
+             {static_cast<const void *>(nullptr), static_cast<const void *>(&collector)}) {
+            errno = 0;
+            outcome.check(!store.put("a", 2, owner) && errno == ENOSPC, "no inode counts as a full disk");
+            outcome.check(Fresh(file).number("a") == 1, "the old value stays");
+        }
+        Fresh other(folder + "/other/settings.db");
+        outcome.check(!other.put("a", 2) && errno == ENOSPC,
+                      "no inode for a first file counts as a full disk");
+        while (fillers > 0)
+            fs::remove(folder + '/' + std::to_string(--fillers));
+        outcome.check(store.put("a", 3) && other.put("a", 3), "use when the inodes are back");
+        return outcome;
+    });
+}
+
+Outcome failingDisk(const std::string &folder)
+{
+    Outcome outcome;
+    long remainder = 0;
+    const std::string file = folder + "/failing/settings.db";
+    const Silence silence;
+    enum Kind { Single, First, Collected, Kinds };
+    for (int kind = Single; kind < Kinds; ++kind) {
+        for (const int error : {ENOSPC, EDQUOT, EIO, EINTR}) {
+            for (const bool forGood : {false, true}) {
+                if (error == EINTR && forGood)
+                    continue; // nothing is interrupted for ever
+                for (int call = 1;; ++call) {
+                    fs::remove_all(folder + "/failing");
+                    const int old = kind == First ? -1 : 1;
+                    if (kind != First)
+                        outcome.check(Fresh(file).put("a", old), "a write to a good disk");
+                    Fresh store(file);
+                    FailingDisk::failAt(call, error, forGood);
+                    bool written = store.put("a", 2, kind == Collected ? &collector : nullptr);
+                    if (kind == Collected)
+                        written = written && store.put("b", 2, &collector) && store.commit(&collector);
+                    const int reason = errno;
+                    const int calls = FailingDisk::repair();
+                    store.rollback(&collector);
+                    const int now = Fresh(file).number("a");
+                    // A new file, and a disk that stays broken, leave no way back.
+                    const bool noWayBack = !written && now == 2 && (kind == First || forGood);
+                    remainder += noWayBack ? 1 : 0;
+                    outcome.check(now == (written ? 2 : old) || noWayBack, "what the write answered");
+                    outcome.check(written || reason == (error == EDQUOT ? ENOSPC : error),
+                                  "call " + std::to_string(call) + " of " + std::to_string(calls)
+                                      + " failed with " + std::strerror(error) + ", and the reason is "
+                                      + std::strerror(reason));
+
+                    outcome.check(store.number("a") == now, "this process sees what others see");
+                    outcome.check(store.put("a", 3) && Fresh(file).number("a") == 3,
+                                  "use when the disk works again");
+                    if (calls < call)
+                        break; // nothing was left to fail
+                }
+            }
+        }
+    }
+    outcome.remark = std::to_string(remainder) + " answered false and left in place, as documented";
+    return outcome;
+}
+
+Outcome damagedFiles(const std::string &folder, int files)
+{
+    Outcome outcome;
+    const Silence silence;
+    constexpr int values = 60;
+    const std::string file = folder + "/damaged.db";
+    const auto keyOf = [](int value) { return "key" + std::to_string(value); };
+    {
+        Fresh store(file);
+        for (int value = 0; value < values; ++value)
+            outcome.check(store.put(keyOf(value).c_str(), QString(200, QLatin1Char('a'))), "a write");
+    }
+    const std::string good = bytesOf(file);
+    long refused = 0;
+    std::mt19937 random(3);
+    Fresh old(file); // has read the good file before, and sees each damage come and go
+    for (int round = 0; round < files; ++round) {
+        const std::string bytes = mutated(good, random);
+        std::ofstream(file, std::ios::binary) << bytes;
+        Fresh fresh(file);
+        int found = 0;
+        for (int value = 0; value < values; ++value) {
+            const QString text = fresh.text(keyOf(value).c_str());
+            found += text.isEmpty() ? 0 : 1;
+            outcome.check(text == old.text(keyOf(value).c_str()), "two processes see the same");
+        }
+        errno = 0;
+        const bool written = fresh.put("key0", QStringLiteral("new"));
+        if (!written) {
+            ++refused;
+            outcome.check(errno == EUCLEAN || errno == EMEDIUMTYPE, "the reason says damage");
+            outcome.check(found == 0, "nothing is read of what is damaged");
+            outcome.check(bytesOf(file) == bytes, "a damaged file is left alone");
+        } else {
+            outcome.check(Fresh(file).text("key0") == QStringLiteral("new"), "what a write answered");
+        }
+    }
+    std::ofstream(file, std::ios::binary) << good;
+    outcome.check(old.text("key7").size() == 200 && old.put("key0", QStringLiteral("new")),
+                  "a repaired file is used again");
+    outcome.remark = std::to_string(refused) + " of " + std::to_string(files) + " files refused";
+    return outcome;
+}
+
+Outcome oddFiles(const std::string &folder)
+{
+    Outcome outcome;
+    const Silence silence;
+    const std::string path = folder + "/odd";
+    const std::array<std::function<void()>, 6> makers = {
+        [&] { mkfifo(path.c_str(), 0600); },
+        [&] { fs::create_directory(path); },
+        [&] { fs::create_symlink(folder + "/nowhere", path); },
+        [&] { fs::create_symlink(path, path); },
+        [&] { std::ofstream(path) << "[Setup]\nreminder=0\n"; },
+        [&] { fs::create_symlink("/dev/zero", path); },
+    };
+    for (const auto &make : makers) {
+        make();
+        Fresh store(path);
+        const auto start = Clock::now();
+        outcome.check(store.number("a") == -1, "nothing is read of what is no settings file");
+        outcome.check(!store.put("a", 1), "nothing is written to what is no settings file");
+        outcome.check(microsecondsSince(start) < 1e6, "nothing hangs");
+        fs::remove_all(path);
+        outcome.check(store.put("a", 1) && store.number("a") == 1, "use when it is out of the way");
+        fs::remove_all(path);
+    }
+    return outcome;
+}
+
+Crowd crowd(int writers, int readers, double seconds, const std::function<bool()> &read,
+            const std::function<bool(int)> &write)
+{
+    Crowd crowd;
+    const auto count = static_cast<std::size_t>(writers + readers);
+    const std::size_t bytes = count * sizeof(Meter) + sizeof(std::atomic<bool>);
+    void *const shared = mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+    auto *const meters = static_cast<Meter *>(shared);
+    std::vector<pid_t> children;
+    const auto end =
+        Clock::now() + std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(seconds));
+    for (std::size_t place = 0; place < count; ++place) {
+        const bool writes = static_cast<int>(place) < writers;
+        children.push_back(inChild([&] {
+            for (int turn = 0; Clock::now() < end; ++turn) {
+                const auto start = Clock::now();
+                const bool good = writes ? write(turn) : read();
+                meters[place].note(microsecondsSince(start), good);
+            }
+        }));
+    }
+    for (const pid_t child : children)
+        crowd.outcome.check(waitFor(child) == 0, "a process died");
+    for (const bool writes : {false, true}) {
+        Meter all = {};
+        for (std::size_t place = 0; place < count; ++place) {
+            if ((static_cast<int>(place) < writers) != writes)
+                continue;
+            const Meter &meter = meters[place];
+            for (std::size_t slot = 0; slot < all.times.size(); ++slot)
+                all.times[slot] += meter.times[slot];
+            all.answers += meter.answers;
+            all.refused += meter.refused;
+            all.longest = std::max(all.longest, meter.longest);
+        }
+        if (all.answers == 0)
+            continue;
+        crowd.rows.push_back({std::to_string(writes ? writers : readers) + (writes ? " writers" : " readers"),
+                              all.answers, all.median(), all.longest});
+        crowd.outcome.tries += all.answers;
+        crowd.outcome.faults += all.refused;
+        if (all.refused > 0)
+            crowd.outcome.firstFault = writes ? "a write was refused" : "a read gave the default";
+    }
+    munmap(shared, bytes);
+    return crowd;
+}
+
+Outcome soak(const std::string &folder, double seconds)
+{
+    Outcome outcome;
+    const Silence silence;
+    const std::string file = folder + "/soak/settings.db";
+    Fresh store(file);
+    outcome.check(store.put("a", 1) && store.put("mine", 0), "the first writes");
+    const long filesAtFirst = openFiles();
+    const auto end =
+        Clock::now() + std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(seconds));
+    std::mt19937 random(4);
+    std::atomic<bool> done = false;
+    std::atomic<long> defaults = 0;
+    // A thread that reads all the time, with forks and writes beside it.
+    std::thread reader([&] {
+        while (!done)
+            defaults += store.number("a") > 0 ? 0 : 1;
+    });
+    for (int round = 1; Clock::now() < end; ++round) {
+        std::vector<pid_t> children;
+        for (int child = 0; child < 4; ++child) {
+            children.push_back(inChild([&, child] {
+                // As it was inherited, in the middle of everything.
+                for (int turn = 1;; turn = turn % 1000 + 1) {
+                    if (child % 2 == 0 ? store.number("a") <= 0 : !store.put("a", turn) && errno != EBUSY)
+                        std::_Exit(1);
+                    if (child == 1 && turn % 7 == 0 && store.put("b", turn, &collector))
+                        store.rollback(&collector);
+                }
+            }));
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(5 + random() % 30));
+        kill(children[1], SIGKILL);
+        kill(children[3], SIGSTOP);
+        std::this_thread::sleep_for(std::chrono::milliseconds(random() % 10));
+        kill(children[3], SIGKILL);
+        outcome.check(store.put("mine", round, &collector) && store.commit(&collector), "a write");
+        outcome.check(Fresh(file).number("mine") == round, "what a write answered");
+        kill(children[0], SIGKILL);
+        kill(children[2], SIGKILL);
+        for (const pid_t child : children)
+            outcome.check(WIFSIGNALED(waitFor(child)), "a child saw a default or a failed write");
+    }
+    done = true;
+    reader.join();
+    outcome.check(defaults == 0, "a thread saw a default");
+    outcome.check(openFiles() == filesAtFirst, "a descriptor is left open");
+    long left = 0;
+    for ([[maybe_unused]] const auto &entry : fs::directory_iterator(folder + "/soak"))
+        ++left;
+    outcome.check(left <= 3, "files are left behind");
+    outcome.remark = "the file has " + std::to_string(fs::file_size(file)) + " bytes";
+    return outcome;
+}
+
+} // namespace Torture

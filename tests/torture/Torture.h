@@ -1,0 +1,60 @@
+// What can go wrong around the settings store, done to it on purpose.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace Torture {
+
+struct Outcome {
+    long tries = 0;
+    long faults = 0;
+    std::string firstFault;
+    std::string remark;        ///< what was seen besides
+    std::string cannotRunHere; ///< why it was left out, when it was
+
+    void check(bool good, const std::string &what);
+    void add(const Outcome &other);
+};
+
+/** Writers are killed at any moment: what was answered with true is there, a collection as a whole or not at all. */
+Outcome killedWriters(const std::string &folder, int rounds);
+
+/** Writers are stopped at any moment: reads go on as ever, writes are answered in time. */
+Outcome stoppedWriters(const std::string &folder, int rounds);
+
+/** Small file systems of their own, in @p folder, at many levels of fill. */
+Outcome fullMemoryDisks(const std::string &folder, int step);
+Outcome fullLoopDisks(const std::string &folder, int step);
+/** A file system without a free inode. */
+Outcome noInodes(const std::string &folder);
+
+/** Each call to the system fails once, and from then on, with each of several errors. */
+Outcome failingDisk(const std::string &folder);
+
+/** Files with flipped, missing, zeroed and added bytes. */
+Outcome damagedFiles(const std::string &folder, int files);
+
+/** Pipes, folders, links and files of others in the file's place. */
+Outcome oddFiles(const std::string &folder);
+
+struct Crowd {
+    Outcome outcome;
+    struct Row {
+        std::string who;
+        long answers = 0;
+        double median = 0; ///< microseconds
+        double longest = 0;
+    };
+    std::vector<Row> rows;
+};
+
+/** Processes that read and write without pause. @p read says whether it got a value. */
+Crowd crowd(int writers, int readers, double seconds, const std::function<bool()> &read,
+            const std::function<bool(int)> &write);
+
+/** Everything at once for a while: processes come and go, collect, are stopped and killed; threads read and write. */
+Outcome soak(const std::string &folder, double seconds);
+
+} // namespace Torture
