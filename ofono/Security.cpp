@@ -203,9 +203,15 @@ _TAPI_RESULT_E TAPI_SECURITY_GetUPINUsageQualifier(unsigned char *)
     return TAPI_RESULT_NOT_SUPPORTED;
 }
 
-/** The daemon may list the applications of a card, but it neither tells which is active nor lets one be chosen. */
-_TAPI_RESULT_E TAPI_SECURITY_GetNumOfUsim(unsigned char *)
+/**
+ * The daemon may list the applications of a card, but it neither tells which is active nor lets one be chosen. The count
+ * is written all the same: the engine goes on after any result but 1, and would else take what its caller left there
+ * for the number of applications.
+ */
+_TAPI_RESULT_E TAPI_SECURITY_GetNumOfUsim(unsigned char *count)
 {
+    if (count)
+        *count = 0;
     return TAPI_RESULT_NOT_SUPPORTED;
 }
 

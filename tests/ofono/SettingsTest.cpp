@@ -187,7 +187,10 @@ TEST_F(SettingsOnOfono, SaysWhatThereIsNot)
         EXPECT_EQ(setup().setupChangeUpin(text("2468"), text("1111")), missing);
         EXPECT_EQ(setup().setupUnblockUpin(text("13572468"), text("1111")), missing);
         EXPECT_EQ(setup().getUpinStatus(&pinStatus), missing);
-        EXPECT_EQ(setup().getUSIMAccountList(list, byte, byte), missing);
+        unsigned char accounts = 3; // whatever was there before
+        EXPECT_EQ(setup().getUSIMAccountList(list, byte, accounts), missing);
+        EXPECT_EQ(accounts, 0);
+        EXPECT_TRUE(list.isEmpty());
         EXPECT_EQ(setup().getEFUpdateRule(1, byte), missing);
         EXPECT_EQ(setup().setLineNo(2), missing);
         EXPECT_EQ(setup().setLineLockStatus(1), missing);
