@@ -45,7 +45,8 @@ desk_packages=(ofono dbus tmux util-linux)
 # What the QML module and the settings application are built, translated and tested with.
 qml_packages=(qt6-declarative-dev qt6-declarative-dev-tools qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools
     libgl-dev qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript qml6-module-qtquick
-    qml6-module-qtquick-window qml6-module-qttest)
+    qml6-module-qtquick-window qml6-module-qtquick-controls qml6-module-qtquick-layouts qml6-module-qtquick-templates
+    qml6-module-qttest libqt6svg6 fonts-noto-core fonts-dejavu-core)
 # Cross building for ARM phones and running what was built.
 arm_packages=(g++-aarch64-linux-gnu g++-arm-linux-gnueabihf qemu-user mmdebstrap)
 # What the Debian packages are made with.

@@ -1,0 +1,17 @@
+// What stands in place of a list that is empty: that it is being read, that it could not be, or that there is nothing.
+import Kvq.CallSetup
+import Kvq.Settings.Controls
+
+SettingRow {
+    /** The model that is empty. */
+    required property var subject
+    property string text: qsTr("Nothing here")
+
+    readonly property bool read: subject.state === CallSetup.Ready
+
+    label: read ? text : subject.busy ? qsTr("Reading …") : qsTr("Not read")
+    ink: Theme.quiet
+    busy: subject.busy
+    failure: Words.of(subject)
+    onRetry: subject.refresh()
+}

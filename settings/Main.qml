@@ -1,0 +1,227 @@
+// The window: the list of pages and a page, side by side where there is room, else one after the other.
+import QtQuick
+import QtQuick.Templates as T
+import Kvq.CallSetup
+import Kvq.Settings.Controls
+
+Window {
+    id: window
+
+    /** The page to begin with; empty for the list. */
+    property string firstPage
+    property string theme
+    property bool calm
+
+    readonly property bool twoPanes: width >= Theme.twoPanes
+    /** The page that is shown, empty while the list alone is. */
+    property string page
+    readonly property string shownPage: page !== "" ? page : twoPanes ? "calls" : ""
+    readonly property alias pages: directory
+    /** What the product has. */
+    property Features features: finder.createObject(window)
+    readonly property SettingsPage pageItem: loader.item as SettingsPage
+    readonly property bool loaded: shownPage === "" || loader.status === Loader.Ready
+    /** Nothing moves and nothing is waited for. */
+    readonly property bool settled: loaded && !CallSetup.busy && features.ready && !slide.running
+
+    function open(name: string): void {
+        if (directory.find(name) === null)
+            return;
+        byKey = showsFocus();
+        byHand = true;
+        page = name;
+        if (twoPanes)
+            pageList.focusRow(name, Qt.OtherFocusReason);
+    }
+
+    /** Whether the keyboard led to where the focus is. */
+    function showsFocus(): bool {
+        return activeFocusItem !== null && ((activeFocusItem as T.Control)?.visualFocus ?? activeFocusItem !== contentItem);
+    }
+
+    /** Finds out anew what the product has. */
+    function lookAgain(): void {
+        // Who asks already may be past what has changed, so somebody else begins anew.
+        const before = features;
+        features = finder.createObject(window);
+        before.destroy();
+    }
+
+    /** One step back: to the list, and in the list nowhere. */
+    function back(): void {
+        const from = shownPage;
+        const byKey = showsFocus();
+        byHand = true;
+        if (!twoPanes)
+            page = "";
+        pageList.focusRow(from, byKey ? Qt.TabFocusReason : Qt.OtherFocusReason);
+    }
+
+    /** Whether a move shows where the page came from; resizing the window does not. */
+    property bool byHand: false
+    /** Whether the page was opened by keyboard, and its first control is to show the focus. */
+    property bool byKey: false
+
+    width: 400
+    height: 800
+    minimumWidth: 320
+    minimumHeight: 480
+    visible: true
+    color: Theme.window
+    title: qsTr("Call settings")
+
+    Component.onCompleted: {
+        Theme.wanted = theme;
+        Theme.calm = calm;
+        page = directory.find(firstPage) ? firstPage : "";
+        if (page === "")
+            pageList.focusFirst(Qt.OtherFocusReason);
+    }
+
+    onWidthChanged: byHand = false
+
+    Component {
+        id: finder
+
+        Features {
+            onReadyChanged: {
+                // The product turned out to lack what is shown.
+                if (window.page !== "" && directory.find(window.page) === null)
+                    window.page = "";
+            }
+        }
+    }
+
+    Calls {
+        id: callTable
+    }
+
+    PageDirectory {
+        id: directory
+
+        features: window.features
+    }
+
+    FocusScope {
+        id: content
+
+        anchors.fill: parent
+        focus: true
+        Keys.onEscapePressed: window.back()
+        Keys.onBackPressed: event => {
+            event.accepted = window.page !== "" && !window.twoPanes;
+            if (event.accepted)
+                window.back();
+        }
+        Keys.onPressed: event => {
+            if (event.key === Qt.Key_Left && event.modifiers & Qt.AltModifier) {
+                window.back();
+                event.accepted = true;
+            }
+        }
+
+        IncomingCall {
+            id: incoming
+
+            width: parent.width
+            calls: callTable
+            wanted: window.shownPage !== "calls"
+            onTaken: window.open("calls")
+        }
+
+        Item {
+            id: panes
+
+            anchors.top: incoming.bottom
+            anchors.bottom: parent.bottom
+            width: parent.width
+            clip: slide.running
+
+            PageList {
+                id: pageList
+
+                width: window.twoPanes ? 320 : parent.width
+                height: parent.height
+                visible: window.twoPanes || stage.x > 0
+                focus: true
+                directory: directory
+                selected: window.twoPanes ? window.shownPage : ""
+                onPicked: name => window.open(name)
+                Keys.onRightPressed: {
+                    if (window.twoPanes && window.pageItem)
+                        window.pageItem.focusFirst(Qt.TabFocusReason);
+                }
+            }
+
+            Rectangle {
+                x: 320
+                width: 1
+                height: parent.height
+                color: Theme.hairline
+                visible: window.twoPanes
+            }
+
+            Rectangle {
+                id: stage
+
+                x: window.twoPanes ? 321 : window.shownPage !== "" ? 0 : parent.width
+                width: window.twoPanes ? parent.width - x : parent.width
+                height: parent.height
+                color: Theme.window
+                visible: x < parent.width
+
+                Behavior on x {
+                    enabled: window.byHand && !window.twoPanes
+
+                    NumberAnimation {
+                        id: slide
+
+                        duration: Theme.movement
+                        easing.type: Easing.OutCubic
+                    }
+                }
+
+                BusyMark {
+                    anchors.centerIn: parent
+                    busy: loader.status === Loader.Loading
+                }
+
+                Loader {
+                    id: loader
+
+                    readonly property PageEntry entry: window.shownPage === "" ? null : directory.find(window.shownPage)
+                    // The page stays while it slides away.
+                    property PageEntry kept: null
+
+                    anchors.fill: parent
+                    asynchronous: true
+                    source: entry ? "pages/" + entry.file : kept && stage.visible ? "pages/" + kept.file : ""
+                    onEntryChanged: {
+                        if (entry)
+                            kept = entry;
+                    }
+                    onLoaded: {
+                        window.pageItem.title = kept.title;
+                        window.pageItem.hasBack = !window.twoPanes;
+                        window.pageItem.calls = callTable;
+                        if (!window.twoPanes)
+                            window.pageItem.focusFirst(window.byKey ? Qt.TabFocusReason : Qt.OtherFocusReason);
+                    }
+
+                    Binding {
+                        target: window.pageItem
+                        property: "hasBack"
+                        value: !window.twoPanes
+                    }
+
+                    Connections {
+                        target: window.pageItem
+                        function onWentBack() {
+                            window.back();
+                        }
+                    }
+                }
+            }
+        }
+    }
+}

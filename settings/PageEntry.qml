@@ -1,0 +1,12 @@
+// A page as the list knows it.
+import QtQml
+
+QtObject {
+    /** What the command line calls it. */
+    property string name
+    property string title
+    property string symbol
+    property string file
+    /** Whether the product has what the page is about. */
+    property bool offered: true
+}

@@ -1,0 +1,48 @@
+// What can be done with one of the PINs.
+import QtQuick
+import Kvq.CallSetup
+
+Column {
+    id: actions
+
+    required property int which
+    required property SimPins pins
+    required property PinRequestSheet sheet
+    required property string shortName
+    /** What the PIN, the old one, the new one, its repetition and the PUK are called. */
+    required property var names
+
+    width: parent ? parent.width : implicitWidth
+
+    PinRow {
+        objectName: "enter-" + actions.shortName
+        lined: true
+        label: qsTr("Enter")
+        done: qsTr("The SIM took it.")
+        sheet: actions.sheet
+        prompts: [actions.names[0]]
+        verb: qsTr("OK")
+        make: pin => actions.pins.verify(actions.which, pin)
+    }
+
+    PinRow {
+        objectName: "change-" + actions.shortName
+        label: qsTr("Change")
+        done: qsTr("Changed.")
+        sheet: actions.sheet
+        prompts: [actions.names[1], actions.names[2], actions.names[3]]
+        verb: qsTr("Change")
+        make: (oldPin, newPin) => actions.pins.change(actions.which, oldPin, newPin)
+    }
+
+    PinRow {
+        objectName: "unblock-" + actions.shortName
+        label: qsTr("Unblock")
+        done: qsTr("Unblocked. The new one holds.")
+        sheet: actions.sheet
+        prompts: [actions.names[4], actions.names[2], actions.names[3]]
+        least: 8
+        verb: qsTr("Unblock")
+        make: (puk, newPin) => actions.pins.unblock(actions.which, puk, newPin)
+    }
+}

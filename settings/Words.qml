@@ -1,0 +1,57 @@
+// What went wrong, in words, with what to do next.
+pragma Singleton
+
+import QtQml
+import Kvq.CallSetup
+
+QtObject {
+    /** The failure of a setting, an item or a request; empty when there is none. */
+    function of(thing: var): string {
+        if (!thing || thing.state !== CallSetup.Failed || thing.result === CallSetup.Cancelled)
+            return "";
+        return sentence(thing.result, thing.error);
+    }
+
+    function sentence(result: int, error: string): string {
+        switch (result) {
+        case CallSetup.InvalidParameter:
+            return qsTr("The phone does not take this value. Check what you entered.");
+        case CallSetup.CallRequestFailed:
+            return qsTr("The call could not be changed. See whether it is still there.");
+        case CallSetup.NoNumber:
+            return qsTr("There is no number to call. Enter one first.");
+        case CallSetup.InvalidCall:
+            return qsTr("This call has ended.");
+        case CallSetup.Refused:
+            return qsTr("The network refused the request. Try again later, or ask your provider.");
+        case CallSetup.SimUnavailable:
+            return qsTr("The SIM does not answer. Check that it is inserted and unlocked.");
+        case CallSetup.PinRejected:
+            return qsTr("The SIM refused the PIN. After a few wrong tries it locks itself.");
+        case CallSetup.PinBlocked:
+            return qsTr("The SIM has locked this PIN. Unblock it with the PUK that came with the SIM.");
+        case CallSetup.NotSupported:
+            return qsTr("This phone or its network does not offer this.");
+        case CallSetup.TimedOut:
+            return qsTr("No answer came in time. Look again in a moment: the change may still take effect.");
+        case CallSetup.ServiceBusy:
+            return qsTr("The phone is busy with another request. Try again in a moment.");
+        case CallSetup.ServiceDown:
+            return qsTr("The telephony service does not run. Restart the phone if this lasts.");
+        case CallSetup.ModemOffline:
+            return qsTr("The modem is off. Switch flight mode off first.");
+        case CallSetup.LinkLost:
+            return qsTr("The link to the telephony service is gone. It is opened again when you try again.");
+        case CallSetup.AccessDenied:
+            return qsTr("This program may not use the telephony service. Ask who manages the phone.");
+        case CallSetup.NotStored:
+            return qsTr("The setting could not be stored. The value from before still holds.");
+        case CallSetup.DiskFull:
+            return qsTr("The disk is full, so nothing was changed. Delete something, then try again.");
+        case CallSetup.NotAllowed:
+            return qsTr("Settings cannot be changed just now. Try again when the call has ended.");
+        default:
+            return error !== "" ? error : qsTr("It did not work (code %1).").arg(result);
+        }
+    }
+}

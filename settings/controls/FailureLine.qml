@@ -1,0 +1,73 @@
+// Why something failed, where it failed, and what to do next.
+import QtQuick
+
+Item {
+    id: line
+
+    property string reason
+    /** Empty when trying again makes no sense. */
+    property string action: qsTr("Try again")
+
+    signal retry()
+
+    implicitHeight: visible ? layout.implicitHeight + Theme.unit + 4 : 0
+    visible: reason !== ""
+    Accessible.role: Accessible.AlertMessage
+    Accessible.name: reason
+    Accessible.ignored: !visible
+
+    Rectangle {
+        anchors.fill: parent
+        anchors.leftMargin: Theme.unit
+        anchors.rightMargin: Theme.unit
+        anchors.bottomMargin: Theme.unit
+        radius: Theme.unit
+        color: Theme.dangerSoft
+    }
+
+    Column {
+        id: layout
+
+        x: Theme.margin
+        width: parent.width - 2 * Theme.margin
+        topPadding: 10
+        spacing: 0
+
+        Row {
+            width: parent.width
+            spacing: Theme.unit
+
+            Icon {
+                id: sign
+
+                symbol: "alert"
+                color: Theme.danger
+                side: 18
+            }
+
+            Text {
+                width: parent.width - sign.width - parent.spacing
+                text: line.reason
+                font.pixelSize: Theme.small
+                lineHeight: 1.15
+                color: Theme.danger
+                wrapMode: Text.Wrap
+                Accessible.ignored: true
+            }
+        }
+
+        TextButton {
+            anchors.right: parent.right
+            text: line.action
+            visible: text !== ""
+            ink: Theme.danger
+            onClicked: line.retry()
+        }
+
+        Item {
+            width: 1
+            height: 6
+            visible: line.action === ""
+        }
+    }
+}

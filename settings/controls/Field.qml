@@ -1,0 +1,105 @@
+// A line of text to type into, with its label above.
+import QtQuick
+import QtQuick.Templates as T
+
+Column {
+    id: field
+
+    property string label
+    property string hint
+    property alias text: input.text
+    property alias input: input
+    property alias maximumLength: input.maximumLength
+    property bool masked
+    /** Digits, plus, star and hash only. */
+    property bool number
+    /** Digits only. */
+    property bool digits
+
+    signal accepted()
+
+    /** What a key on the screen types. */
+    function type(key: string): void {
+        if (input.readOnly || (input.selectedText === "" && text.length >= maximumLength))
+            return;
+        input.remove(input.selectionStart, input.selectionEnd);
+        input.insert(input.cursorPosition, key);
+    }
+
+    function takeBack(): void {
+        const end = Math.max(input.selectionEnd, input.cursorPosition);
+        input.remove(input.selectedText !== "" ? input.selectionStart : Math.max(0, end - 1), end);
+    }
+
+    width: parent ? parent.width : implicitWidth
+    spacing: Theme.unit / 2
+
+    Text {
+        width: parent.width
+        visible: text !== ""
+        text: field.label
+        font.pixelSize: Theme.small
+        color: Theme.quiet
+        wrapMode: Text.Wrap
+        Accessible.ignored: true
+    }
+
+    T.TextField {
+        id: input
+
+        width: parent.width
+        implicitHeight: Theme.touch
+        leftPadding: Theme.unit + 4
+        rightPadding: Theme.unit + 4
+        verticalAlignment: TextInput.AlignVCenter
+        font.pixelSize: field.number || field.digits ? Theme.title : Theme.body
+        color: Theme.text
+        selectionColor: Theme.accent
+        selectedTextColor: Theme.accentInk
+        selectByMouse: true
+        echoMode: field.masked ? TextInput.Password : TextInput.Normal
+        passwordCharacter: "●"
+        passwordMaskDelay: 0
+        inputMethodHints: field.digits ? Qt.ImhDigitsOnly | Qt.ImhSensitiveData | Qt.ImhNoPredictiveText
+            : field.number ? Qt.ImhDialableCharactersOnly : Qt.ImhNoAutoUppercase
+        validator: field.digits ? digitsOnly : field.number ? dialable : null
+
+        Accessible.role: Accessible.EditableText
+        Accessible.name: field.label !== "" ? field.label : field.hint
+        Accessible.passwordEdit: field.masked
+
+        onAccepted: field.accepted()
+
+        Text {
+            x: parent.leftPadding
+            width: parent.width - parent.leftPadding - parent.rightPadding
+            anchors.verticalCenter: parent.verticalCenter
+            visible: input.text === "" && input.preeditText === ""
+            text: field.hint
+            font.pixelSize: Theme.body
+            color: Theme.quiet
+            elide: Text.ElideRight
+            horizontalAlignment: input.horizontalAlignment
+            Accessible.ignored: true
+        }
+
+        background: Rectangle {
+            radius: Theme.unit
+            color: Theme.window
+            border.width: input.activeFocus ? 2 : 1
+            border.color: input.activeFocus ? Theme.accent : Theme.outline
+        }
+    }
+
+    RegularExpressionValidator {
+        id: digitsOnly
+
+        regularExpression: /[0-9]*/
+    }
+
+    RegularExpressionValidator {
+        id: dialable
+
+        regularExpression: /\+?[0-9*#pPwW]*/
+    }
+}

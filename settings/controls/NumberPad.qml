@@ -1,0 +1,143 @@
+// Twelve keys. One stop for the tabulator key; inside, the arrow keys move.
+import QtQuick
+import QtQuick.Templates as T
+
+Grid {
+    id: pad
+
+    /** With star and hash, letters, and a plus on a long press of 0; else digits and a key that takes back. */
+    property bool dial: true
+    property int keyHeight: 56
+    property color ground: Theme.surface
+    /** The key that the tabulator key reaches. */
+    property int stop: 1
+
+    signal keyPressed(string key)
+    signal keyReleased(string key)
+    /** The key that was pressed last was held: take the plus instead. */
+    signal keyHeld(string key)
+    signal takeBack()
+
+    function move(from: int, by: int): void {
+        const to = from + by;
+        if (to < 0 || to >= keys.count || (Math.abs(by) === 1 && Math.floor(to / 3) !== Math.floor(from / 3)))
+            return;
+        if (keys.itemAt(to).enabled)
+            keys.itemAt(to).forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    columns: 3
+    spacing: Theme.unit
+
+    Repeater {
+        id: keys
+
+        model: pad.dial
+            ? [["1", ""], ["2", "ABC"], ["3", "DEF"], ["4", "GHI"], ["5", "JKL"], ["6", "MNO"],
+               ["7", "PQRS"], ["8", "TUV"], ["9", "WXYZ"], ["*", ""], ["0", "+"], ["#", ""]]
+            : [["1", ""], ["2", ""], ["3", ""], ["4", ""], ["5", ""], ["6", ""],
+               ["7", ""], ["8", ""], ["9", ""], ["", ""], ["0", ""], ["<", ""]]
+
+        T.Button {
+            id: key
+
+            required property var modelData
+            required property int index
+
+            readonly property string sign: modelData[0]
+
+            width: (pad.width - 2 * pad.spacing) / 3
+            height: pad.keyHeight
+            enabled: sign !== ""
+            opacity: enabled ? 1 : 0
+            focusPolicy: Qt.StrongFocus
+            activeFocusOnTab: pad.stop === index
+
+            Accessible.name: sign === "<" ? qsTr("Delete the last digit") : sign
+            Accessible.ignored: sign === ""
+            Keys.onLeftPressed: pad.move(index, -1)
+            Keys.onRightPressed: pad.move(index, 1)
+            Keys.onUpPressed: event => {
+                event.accepted = index > 2;
+                pad.move(index, -3);
+            }
+            Keys.onDownPressed: event => {
+                event.accepted = index < 9;
+                pad.move(index, 3);
+            }
+            Keys.onReturnPressed: key.tap()
+            Keys.onEnterPressed: key.tap()
+
+            function tap(): void {
+                if (sign === "<") {
+                    pad.takeBack();
+                } else {
+                    pad.keyPressed(sign);
+                    pad.keyReleased(sign);
+                }
+            }
+
+            onActiveFocusChanged: {
+                if (activeFocus)
+                    pad.stop = index;
+            }
+            onPressed: {
+                if (sign !== "<")
+                    pad.keyPressed(sign);
+            }
+            onReleased: {
+                if (sign !== "<")
+                    pad.keyReleased(sign);
+            }
+            onCanceled: {
+                if (sign !== "<")
+                    pad.keyReleased(sign);
+            }
+            onPressAndHold: pad.keyHeld(sign)
+            onClicked: {
+                if (sign === "<")
+                    pad.takeBack();
+            }
+
+            contentItem: Item {
+                Column {
+                    anchors.centerIn: parent
+                    visible: key.sign !== "<"
+
+                    Text {
+                        anchors.horizontalCenter: parent.horizontalCenter
+                        text: key.sign
+                        font.pixelSize: Theme.title
+                        color: Theme.text
+                        Accessible.ignored: true
+                    }
+
+                    Text {
+                        anchors.horizontalCenter: parent.horizontalCenter
+                        visible: text !== ""
+                        text: key.modelData[1]
+                        font.pixelSize: Theme.small
+                        font.letterSpacing: 1
+                        color: Theme.quiet
+                        Accessible.ignored: true
+                    }
+                }
+
+                Icon {
+                    anchors.centerIn: parent
+                    visible: key.sign === "<"
+                    symbol: "backspace"
+                }
+            }
+
+            background: Rectangle {
+                radius: Theme.radius
+                color: key.down ? Theme.pressed : pad.ground
+
+                FocusRing {
+                    shown: key.visualFocus
+                }
+            }
+        }
+    }
+}

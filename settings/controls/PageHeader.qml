@@ -1,0 +1,50 @@
+// The name of the page, the way back, and whether the page is busy.
+import QtQuick
+
+Item {
+    id: header
+
+    property string title
+    property bool hasBack
+    property bool busy
+    property Item backButton: back
+
+    signal wentBack()
+
+    implicitHeight: Math.max(Theme.row + Theme.unit, name.implicitHeight + 2 * Theme.unit)
+
+    IconButton {
+        id: back
+
+        anchors.verticalCenter: parent.verticalCenter
+        x: Theme.unit / 2
+        visible: header.hasBack
+        symbol: "back"
+        text: qsTr("Back")
+        onClicked: header.wentBack()
+    }
+
+    Text {
+        id: name
+
+        anchors.verticalCenter: parent.verticalCenter
+        x: back.visible ? back.x + back.width + Theme.unit / 2 : Theme.margin
+        width: header.width - x - mark.width - Theme.margin
+        text: header.title
+        font.pixelSize: Theme.title
+        font.weight: Font.DemiBold
+        color: Theme.text
+        wrapMode: Text.Wrap
+        Accessible.role: Accessible.Heading
+        Accessible.name: text
+    }
+
+    BusyMark {
+        id: mark
+
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.margin
+        anchors.verticalCenter: parent.verticalCenter
+        busy: header.busy
+    }
+}

@@ -1,0 +1,83 @@
+// A button with words: quiet by default, filled for what the screen is there for, red for what cannot be undone.
+import QtQuick
+import QtQuick.Templates as T
+
+T.Button {
+    id: button
+
+    property string symbol
+    property bool filled
+    property bool dangerous
+
+    readonly property color ground: dangerous ? (filled ? Theme.danger : Theme.dangerSoft)
+                                              : (filled ? Theme.accent : Theme.accentSoft)
+    readonly property color ink: dangerous ? (filled ? Theme.dangerInk : Theme.danger)
+                                           : (filled ? Theme.accentInk : Theme.accentSoftInk)
+
+    function click(): void {
+        if (enabled)
+            clicked();
+    }
+
+    implicitWidth: Math.max(Theme.touch, contentItem.implicitWidth + 2 * Theme.margin)
+    implicitHeight: Math.max(Theme.touch, contentItem.implicitHeight + topPadding + bottomPadding)
+    horizontalPadding: Theme.unit
+    verticalPadding: Theme.unit
+    font.pixelSize: Theme.body
+    font.weight: Font.Medium
+    opacity: enabled ? 1 : 0.45
+
+    Accessible.name: text
+    Keys.onReturnPressed: button.clicked()
+    Keys.onEnterPressed: button.clicked()
+
+    contentItem: Item {
+        implicitWidth: words.implicitWidth + (sign.visible ? sign.width + line.spacing : 0)
+        implicitHeight: Math.max(sign.height, words.implicitHeight)
+
+        Row {
+            id: line
+
+            anchors.centerIn: parent
+            spacing: 6
+
+            Icon {
+                id: sign
+
+                anchors.verticalCenter: parent.verticalCenter
+                visible: button.symbol !== ""
+                symbol: button.symbol
+                color: button.ink
+                side: 20
+            }
+
+            Text {
+                id: words
+
+                anchors.verticalCenter: parent.verticalCenter
+                width: Math.min(implicitWidth, button.availableWidth - (sign.visible ? sign.width + line.spacing : 0))
+                text: button.text
+                font: button.font
+                color: button.ink
+                wrapMode: Text.WordWrap
+                horizontalAlignment: Text.AlignHCenter
+                Accessible.ignored: true
+            }
+        }
+    }
+
+    background: Rectangle {
+        radius: Theme.radius
+        color: button.down ? Qt.tint(button.ground, Theme.dark ? "#20ffffff" : "#20000000") : button.ground
+
+        Rectangle {
+            anchors.fill: parent
+            anchors.margins: -3
+            radius: parent.radius + 3
+            color: "transparent"
+            border.width: 2
+            border.color: Theme.accent
+            visible: button.visualFocus
+        }
+    }
+}

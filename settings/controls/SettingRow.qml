@@ -1,0 +1,207 @@
+// A row: a label, a value, and one control at its end. Below it, when something failed, the reason.
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Templates as T
+
+FocusScope {
+    id: row
+
+    property string label
+    /** A quiet second line. */
+    property string description
+    property string value
+    /** Stands at the start of the row. */
+    property string symbol
+    property color ink: Theme.text
+    /** Whether the label is what the row is about, a number that calls for example. */
+    property bool large: false
+    /** Whether the value has been read. */
+    property bool known: true
+    property bool busy: false
+    /** Why the last request failed, empty when it did not. */
+    property string failure
+    property string failureAction: qsTr("Try again")
+    /** Stands for what is shown beside the list. */
+    property bool selected: false
+    /** Whether a line parts the row from the one above. */
+    property bool lined: y > 0
+    /** Whether the row can be pressed. */
+    property bool pressable: false
+    property int role: pressable ? Accessible.Button : Accessible.StaticText
+    property bool checkable: false
+    property bool checked: false
+    /** How the value is read aloud, and all that is. */
+    property string spokenValue: value
+    readonly property string spoken: {
+        let words = known ? spokenValue : qsTr("unknown");
+        for (const part of [description, failure]) {
+            if (part !== "")
+                words += words !== "" ? ". " + part : part;
+        }
+        return words;
+    }
+    /** Controls at the end. */
+    default property alias trailing: tail.data
+    /** What opens below the line. */
+    property alias below: extra.data
+
+    signal pressed()
+    signal retry()
+
+    function click(): void {
+        if (enabled && pressable)
+            pressed();
+    }
+
+    width: parent ? parent.width : implicitWidth
+    implicitWidth: 320
+    implicitHeight: stack.implicitHeight
+
+    Rectangle {
+        x: Theme.margin
+        width: parent.width - Theme.margin
+        height: 1
+        color: Theme.hairline
+        visible: row.lined
+    }
+
+    Column {
+        id: stack
+
+        width: parent.width
+
+        T.AbstractButton {
+            id: line
+
+            readonly property real room: width - leftPadding - rightPadding
+                - (sign.visible ? sign.width + content.spacing : 0)
+                - (tail.visible ? tail.width + content.spacing : 0)
+                - (mark.visible ? mark.width + content.spacing : 0)
+            readonly property bool stacked: row.value !== ""
+                && name.implicitWidth + ending.implicitWidth + content.spacing > room
+
+            width: parent.width
+            implicitHeight: Math.max(Theme.row, content.implicitHeight + topPadding + bottomPadding)
+            horizontalPadding: Theme.margin
+            verticalPadding: Theme.unit
+            focus: true
+            focusPolicy: row.pressable ? Qt.StrongFocus : Qt.NoFocus
+
+            Accessible.role: row.role
+            Accessible.name: row.label
+            Accessible.description: row.spoken
+            Accessible.checkable: row.checkable
+            Accessible.checked: row.checked && row.known
+            Accessible.selected: row.selected
+
+            onClicked: row.click()
+            Keys.onReturnPressed: row.click()
+            Keys.onEnterPressed: row.click()
+
+            contentItem: RowLayout {
+                id: content
+
+                spacing: Theme.margin
+
+                Icon {
+                    id: sign
+
+                    visible: row.symbol !== ""
+                    symbol: row.symbol
+                    color: row.ink === Theme.text ? Theme.accent : row.ink
+                }
+
+                ColumnLayout {
+                    Layout.fillWidth: true
+                    spacing: 2
+
+                    Text {
+                        id: name
+
+                        Layout.fillWidth: true
+                        text: row.label
+                        font.pixelSize: row.large ? Theme.title : Theme.body
+                        font.weight: row.large ? Font.DemiBold : Font.Normal
+                        color: row.ink
+                        wrapMode: Text.Wrap
+                        Accessible.ignored: true
+                    }
+
+                    Text {
+                        Layout.fillWidth: true
+                        visible: line.stacked && row.known
+                        text: row.value
+                        font.pixelSize: Theme.body
+                        color: Theme.quiet
+                        wrapMode: Text.Wrap
+                        Accessible.ignored: true
+                    }
+
+                    Text {
+                        Layout.fillWidth: true
+                        visible: row.description !== ""
+                        text: row.description
+                        font.pixelSize: Theme.small
+                        lineHeight: 1.1
+                        color: Theme.quiet
+                        wrapMode: Text.Wrap
+                        Accessible.ignored: true
+                    }
+                }
+
+                BusyMark {
+                    id: mark
+
+                    busy: row.busy
+                }
+
+                Rectangle {
+                    visible: !row.known && !row.checkable && row.failure === "" && !mark.shown
+                    implicitWidth: 56
+                    implicitHeight: 12
+                    radius: 6
+                    color: Theme.placeholder
+                }
+
+                Text {
+                    id: ending
+
+                    visible: row.value !== "" && row.known && !line.stacked
+                    text: row.value
+                    font.pixelSize: Theme.body
+                    color: Theme.quiet
+                    Accessible.ignored: true
+                }
+
+                Row {
+                    id: tail
+
+                    visible: children.length > 0
+                    spacing: Theme.unit
+                }
+            }
+
+            background: Rectangle {
+                radius: Theme.radius
+                color: line.down && row.pressable ? Theme.pressed : row.selected ? Theme.accentSoft : "transparent"
+
+                FocusRing {
+                    shown: line.visualFocus
+                }
+            }
+        }
+
+        Column {
+            id: extra
+
+            width: parent.width
+        }
+
+        FailureLine {
+            width: parent.width
+            reason: row.failure
+            action: row.failureAction
+            onRetry: row.retry()
+        }
+    }
+}

@@ -1,0 +1,192 @@
+// Asks for what must be asked: from the bottom edge on a phone, in the middle where there is room.
+import QtQuick
+import QtQuick.Templates as T
+
+T.Popup {
+    id: sheet
+
+    property string title
+    property string text
+    property string action: qsTr("OK")
+    property string cancel: qsTr("Cancel")
+    property bool dangerous
+    property bool ready: true
+    property bool busy
+    property string failure
+    default property alias content: body.data
+
+    readonly property bool wide: parent !== null && parent.width >= Theme.twoPanes
+    /** How far the sheet is still below its place, from 1 to 0. */
+    property real rise: 0
+    property Item opener
+    property bool openerShown
+
+    signal accepted()
+
+    /** Opens and, when it closes, gives the keyboard back to where it was. */
+    function ask(): void {
+        opener = parent.Window.activeFocusItem;
+        openerShown = (opener as T.Control)?.visualFocus ?? false;
+        failure = "";
+        open();
+    }
+
+    function accept(): void {
+        if (ready && !busy)
+            accepted();
+    }
+
+    parent: T.Overlay.overlay
+    x: parent ? Math.round((parent.width - width) / 2) : 0
+    y: parent ? Math.round((wide ? (parent.height - height) / 2 : parent.height - height) + rise * height / 4) : 0
+    width: parent ? Math.min(parent.width, 400) : 400
+    height: Math.min(implicitHeight, parent ? parent.height - 2 * Theme.unit : implicitHeight)
+    implicitHeight: column.implicitHeight + topPadding + bottomPadding
+    padding: Theme.margin
+    modal: true
+    focus: true
+    closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
+
+    onClosed: {
+        if (opener !== null && opener.visible)
+            opener.forceActiveFocus(openerShown ? Qt.TabFocusReason : Qt.OtherFocusReason);
+        opener = null;
+    }
+
+    enter: Transition {
+        NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.movement }
+        NumberAnimation {
+            property: "rise"
+            from: 1
+            to: 0
+            duration: Theme.movement
+            easing.type: Easing.OutCubic
+        }
+    }
+    exit: Transition {
+        NumberAnimation { property: "opacity"; to: 0; duration: Theme.movement }
+    }
+
+    T.Overlay.modal: Rectangle {
+        color: Theme.veil
+    }
+
+    background: Rectangle {
+        radius: 20
+        color: Theme.surface
+
+        Rectangle {
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.bottom: parent.bottom
+            height: parent.radius
+            color: parent.color
+            visible: !sheet.wide
+        }
+    }
+
+    contentItem: Flickable {
+        id: scroll
+
+        contentHeight: column.implicitHeight
+        clip: contentHeight > height
+        boundsBehavior: Flickable.StopAtBounds
+        Accessible.role: Accessible.Dialog
+        Accessible.name: sheet.title
+        T.ScrollBar.vertical: ScrollMark {}
+
+        Column {
+            id: column
+
+            width: scroll.width
+            spacing: Theme.margin
+
+            Text {
+                width: parent.width
+                text: sheet.title
+                font.pixelSize: Theme.title
+                font.weight: Font.DemiBold
+                color: Theme.text
+                wrapMode: Text.Wrap
+                Accessible.role: Accessible.Heading
+                Accessible.name: text
+            }
+
+            Text {
+                width: parent.width
+                visible: text !== ""
+                text: sheet.text
+                font.pixelSize: Theme.body
+                color: Theme.quiet
+                wrapMode: Text.Wrap
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
+            }
+
+            Column {
+                id: body
+
+                width: parent.width
+                spacing: Theme.margin
+                visible: children.length > 0
+            }
+
+            Row {
+                width: parent.width
+                visible: sheet.failure !== ""
+                spacing: Theme.unit
+                Accessible.role: Accessible.AlertMessage
+                Accessible.name: sheet.failure
+
+                Icon {
+                    id: sign
+
+                    symbol: "alert"
+                    color: Theme.danger
+                    side: 20
+                }
+
+                Text {
+                    width: parent.width - sign.width - parent.spacing
+                    text: sheet.failure
+                    font.pixelSize: Theme.body
+                    color: Theme.danger
+                    wrapMode: Text.Wrap
+                    Accessible.ignored: true
+                }
+            }
+
+            Row {
+                id: buttons
+
+                readonly property real side: (width - spacing) / 2
+
+                width: parent.width
+                spacing: Theme.unit
+
+                PushButton {
+                    width: buttons.side
+                    height: Math.max(implicitHeight, yes.implicitHeight)
+                    text: sheet.cancel
+                    onClicked: sheet.close()
+                }
+
+                PushButton {
+                    id: yes
+
+                    width: buttons.side
+                    text: sheet.action
+                    filled: true
+                    dangerous: sheet.dangerous
+                    enabled: sheet.ready && !sheet.busy
+                    onClicked: sheet.accept()
+
+                    BusyMark {
+                        anchors.centerIn: parent
+                        busy: sheet.busy
+                    }
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,30 @@
+// The switch at the end of a row. While the value is unknown the knob stands in the middle.
+import QtQuick
+
+Rectangle {
+    id: mark
+
+    property bool on
+    property bool known: true
+
+    implicitWidth: 48
+    implicitHeight: 28
+    radius: height / 2
+    color: !known ? Theme.placeholder : on ? Theme.accent : "transparent"
+    border.width: known && !on ? 2 : 0
+    border.color: Theme.outline
+
+    Rectangle {
+        anchors.verticalCenter: parent.verticalCenter
+        x: !mark.known ? (mark.width - width) / 2 : mark.on ? mark.width - width - 4 : 6
+        width: mark.on ? 20 : 16
+        height: width
+        radius: height / 2
+        color: !mark.known ? Theme.surface : mark.on ? Theme.accentInk : Theme.outline
+
+        Behavior on x {
+            enabled: mark.known
+            NumberAnimation { duration: Theme.movement; easing.type: Easing.OutCubic }
+        }
+    }
+}

@@ -1,0 +1,35 @@
+// Something that happens to the phone.
+import QtQuick
+import QtQuick.Templates as T
+
+T.Button {
+    id: button
+
+    implicitWidth: words.implicitWidth + 2 * Paper.unit + 8
+    implicitHeight: Math.max(44, words.implicitHeight + 2 * Paper.unit)
+    horizontalPadding: Paper.unit
+    font.family: Paper.font
+    font.pixelSize: Paper.size
+
+    Accessible.name: text
+    Keys.onReturnPressed: button.clicked()
+    Keys.onEnterPressed: button.clicked()
+
+    contentItem: Text {
+        id: words
+
+        text: button.text
+        font: button.font
+        color: button.checked ? Paper.markInk : Paper.ink
+        wrapMode: Text.Wrap
+        horizontalAlignment: Text.AlignHCenter
+        verticalAlignment: Text.AlignVCenter
+        Accessible.ignored: true
+    }
+
+    background: Rectangle {
+        color: button.checked ? Paper.mark : button.down ? Paper.grid : Paper.card
+        border.width: button.visualFocus ? 3 : 1
+        border.color: button.visualFocus ? Paper.mark : Paper.line
+    }
+}

@@ -1,0 +1,11 @@
+// Words on the desk.
+import QtQuick
+
+Text {
+    font.family: Paper.font
+    font.pixelSize: Paper.size
+    color: Paper.ink
+    wrapMode: Text.Wrap
+    Accessible.role: Accessible.StaticText
+    Accessible.name: text
+}

@@ -1,0 +1,61 @@
+// About the phone: what it is, and what it runs.
+import QtQuick
+import Kvq.CallSetup
+import Kvq.Settings
+import Kvq.Settings.Controls
+
+PhonePage {
+    DeviceIdentity {
+        id: identity
+    }
+
+    Section {
+        heading: qsTr("This phone")
+
+        SettingValue {
+            setting: identity.imei
+            label: qsTr("IMEI")
+        }
+
+        SettingValue {
+            setting: identity.technology
+            label: qsTr("Radio")
+        }
+    }
+
+    Section {
+        heading: qsTr("Baseband software")
+
+        SettingValue {
+            setting: identity.basebandVersion
+            label: qsTr("Version")
+        }
+
+        SettingValue {
+            setting: identity.flexVersion
+            label: qsTr("Flex version")
+        }
+
+        SettingValue {
+            setting: identity.dspVersion
+            label: qsTr("Signal processor")
+        }
+    }
+
+    Section {
+        heading: qsTr("This program")
+
+        SettingRow {
+            label: qsTr("Call settings")
+            value: Qt.application.version
+        }
+
+        SettingRow {
+            label: qsTr("Telephony")
+            value: CallSetup.connected ? qsTr("Connected") : qsTr("Not connected")
+            failure: CallSetup.connectionResult > 0
+                ? Words.sentence(CallSetup.connectionResult, CallSetup.connectionError) : ""
+            onRetry: CallSetup.connectTelephony()
+        }
+    }
+}

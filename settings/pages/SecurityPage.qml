@@ -1,0 +1,125 @@
+// SIM security: the PINs, and fixed dialling.
+import QtQuick
+import Kvq.CallSetup
+import Kvq.Settings
+import Kvq.Settings.Controls
+
+PhonePage {
+    id: page
+
+    SimPins {
+        id: pins
+    }
+
+    FixedDialling {
+        id: fixed
+    }
+
+    function statusText(status: int): string {
+        switch (status) {
+        case SimPins.Verified:
+            return qsTr("Entered");
+        case SimPins.NotVerified:
+            return qsTr("Not entered");
+        case SimPins.Blocked:
+            return qsTr("Blocked");
+        default:
+            return qsTr("Not used");
+        }
+    }
+
+    Section {
+        heading: qsTr("SIM PIN")
+
+        SettingValue {
+            setting: pins.pinRequested
+            label: qsTr("Ask when the phone starts")
+            words: on => on ? qsTr("On") : qsTr("Off")
+        }
+
+        PinRow {
+            visible: pins.pinRequested.known && !pins.pinRequested.value
+            label: qsTr("Ask from now on")
+            done: qsTr("The SIM asks from now on.")
+            sheet: sheet
+            prompts: [qsTr("PIN")]
+            verb: qsTr("Turn on")
+            make: pin => pins.enable(pin)
+            onSucceeded: pins.refresh()
+        }
+
+        PinActions {
+            which: SimPins.Pin1
+            pins: pins
+            sheet: sheet
+            shortName: "pin"
+            names: [qsTr("PIN"), qsTr("Old PIN"), qsTr("New PIN"), qsTr("New PIN again"), qsTr("PUK")]
+        }
+    }
+
+    Section {
+        heading: qsTr("PIN2")
+        note: qsTr("For the limit of costs and for fixed dialling.")
+        visible: pins.pin2Status.available
+
+        SettingValue {
+            setting: pins.pin2Status
+            label: qsTr("State")
+            words: status => page.statusText(status)
+        }
+
+        PinActions {
+            which: SimPins.Pin2
+            pins: pins
+            sheet: sheet
+            shortName: "pin2"
+            names: [qsTr("PIN2"), qsTr("Old PIN2"), qsTr("New PIN2"), qsTr("New PIN2 again"), qsTr("PUK2")]
+        }
+    }
+
+    Section {
+        heading: qsTr("Universal PIN")
+        visible: pins.upinStatus.available && !(pins.upinStatus.known && pins.upinStatus.value === SimPins.NotUsed)
+
+        SettingValue {
+            setting: pins.upinStatus
+            label: qsTr("State")
+            words: status => page.statusText(status)
+        }
+
+        PinActions {
+            which: SimPins.Upin
+            pins: pins
+            sheet: sheet
+            shortName: "upin"
+            names: [qsTr("Universal PIN"), qsTr("Old PIN"), qsTr("New PIN"), qsTr("New PIN again"), qsTr("PUK")]
+        }
+    }
+
+    Section {
+        heading: qsTr("Fixed dialling")
+        visible: fixed.available && !(fixed.supported.known && !fixed.supported.value)
+
+        SwitchRow {
+            id: fixedRow
+
+            property Request request: null
+
+            objectName: "fixed-dialling"
+            label: qsTr("Only numbers on the SIM’s list")
+            description: qsTr("Other numbers cannot be called. Asks for the PIN2.")
+            checked: fixed.enabled.value
+            known: fixed.enabled.known
+            busy: fixed.enabled.busy
+            failure: Words.of(fixed.enabled)
+            onToggled: on => sheet.demand(qsTr("Fixed dialling"), [qsTr("PIN2")],
+                                       on ? qsTr("Turn on") : qsTr("Turn off"), 4,
+                                       pin2 => fixed.setEnabled(on, pin2), () => {})
+            onRetry: fixed.refresh()
+        }
+    }
+
+    PinRequestSheet {
+        id: sheet
+    }
+}

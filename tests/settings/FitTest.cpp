@@ -1,0 +1,75 @@
+// Nothing is cut off on a small screen, in any language.
+#include "SettingsTest.h"
+
+namespace {
+
+class FitTest : public SettingsTest, public testing::WithParamInterface<const char *> {
+protected:
+    /** Looks at every word on the screen: whole, inside the window, and not taller than where it stands. */
+    void look() const
+    {
+        int words = 0;
+        visit(window().contentItem(), [&](QQuickItem &item) {
+            if (!item.inherits("QQuickText") || item.property("text").toString().isEmpty())
+                return;
+            ++words;
+            const std::string text = item.property("text").toString().toStdString();
+            EXPECT_FALSE(item.property("truncated").toBool()) << text;
+            EXPECT_LE(item.property("contentWidth").toDouble(), item.width() + 0.5) << text;
+            const QRectF place = item.mapRectToScene(item.boundingRect());
+            EXPECT_GE(place.left(), -0.5) << text;
+            EXPECT_LE(place.right(), window().width() + 0.5) << text;
+            const QQuickItem *const parent = item.parentItem();
+            const double bottom = item.y() + item.property("contentHeight").toDouble();
+            EXPECT_TRUE(parent->height() <= 0 || bottom <= parent->height() + 1.5) << text;
+        });
+        EXPECT_GT(words, 2);
+    }
+};
+
+TEST_P(FitTest, EveryPage)
+{
+    phone().setAnswer("TAPI_CS_GetChargeType", {.result = 0x9001, .out = {}, .times = -1});
+    open(QString(), {.language = QLatin1String(GetParam())});
+    ASSERT_TRUE(settle());
+    look();
+    const QStringList pages = offeredPages();
+    for (const QString &name : pages) {
+        SCOPED_TRACE(name.toStdString());
+        QMetaObject::invokeMethod(&window(), "open", Q_ARG(QString, name));
+        ASSERT_TRUE(settle());
+        look();
+    }
+}
+
+TEST_P(FitTest, WhatIsAsked)
+{
+    const struct {
+        const char *page;
+        const char *item;
+    } questions[] = {{"forwarding", "no-reply"},  {"security", "change-pin"}, {"security", "unblock-pin2"},
+                     {"costs", "limit"},          {"preferred", "add"},       {"own-numbers", "number1"},
+                     {"caller-id", "restriction"}};
+    for (const auto &question : questions) {
+        SCOPED_TRACE(question.item);
+        open(QString::fromLatin1(question.page), {.language = QLatin1String(GetParam()), .calm = true});
+        ASSERT_TRUE(settle());
+        ASSERT_TRUE(QMetaObject::invokeMethod(find(QString::fromLatin1(question.item)), "click"));
+        ASSERT_TRUE(settle());
+        QTest::qWait(50);
+        look();
+    }
+}
+
+TEST_P(FitTest, ACall)
+{
+    phone().ring("+491715550100");
+    open(QStringLiteral("calls"), {.language = QLatin1String(GetParam())});
+    ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("hang-up")) != nullptr; }));
+    ASSERT_TRUE(settle());
+    look();
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, FitTest, testing::Values("en", "de"));
+
+} // namespace

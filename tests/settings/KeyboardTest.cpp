@@ -1,0 +1,188 @@
+// Everything can be done by keyboard: in reading order, with a visible focus, and with words for a screen reader.
+#include "SettingsTest.h"
+
+#include <QAccessible>
+#include <QSet>
+
+namespace {
+
+class KeyboardTest : public SettingsTest {
+protected:
+    QQuickItem *focused() const { return window().activeFocusItem(); }
+
+    /** Looks at what has the keyboard. */
+    void look() const
+    {
+        QQuickItem *const item = focused();
+        ASSERT_NE(item, nullptr);
+        const std::string name = describe(*item).toStdString();
+
+        const QVariant visualFocus = item->property("visualFocus");
+        EXPECT_TRUE(visualFocus.toBool() || item->inherits("QQuickTextInput"))
+            << name << " does not show its focus";
+
+        const QRectF place = item->mapRectToScene(item->boundingRect());
+        EXPECT_GE(place.top(), -0.5) << name << " is out of view";
+        EXPECT_LE(place.bottom(), window().height() + 0.5) << name << " is out of view";
+
+        QAccessibleInterface *const accessible = QAccessible::queryAccessibleInterface(item);
+        ASSERT_NE(accessible, nullptr) << name;
+        EXPECT_FALSE(accessible->text(QAccessible::Name).isEmpty()) << name << " has no name";
+        EXPECT_NE(accessible->role(), QAccessible::NoRole) << name;
+        EXPECT_NE(accessible->role(), QAccessible::Client) << name;
+    }
+
+    /** Goes once around with the tabulator key and looks at every stop. */
+    QList<QQuickItem *> walk()
+    {
+        QList<QQuickItem *> stops;
+        for (int step = 0; step < 200 && !stops.contains(focused()); ++step) {
+            stops << focused();
+            look();
+            press(Qt::Key_Tab);
+        }
+        return stops;
+    }
+};
+
+TEST_F(KeyboardTest, WalksThroughEveryPage)
+{
+    open(QString());
+    ASSERT_TRUE(settle());
+    const QStringList pages = offeredPages();
+    ASSERT_EQ(pages.size(), 13);
+
+    press(Qt::Key_Tab);
+    for (const QString &name : pages) {
+        SCOPED_TRACE(name.toStdString());
+        // From the list into the page.
+        const QQuickItem *const row = find(QStringLiteral("page:") + name);
+        ASSERT_NE(row, nullptr);
+        for (int step = 0; step < 30 && !row->hasActiveFocus(); ++step)
+            press(Qt::Key_Tab);
+        ASSERT_TRUE(row->hasActiveFocus());
+        press(Qt::Key_Return);
+        ASSERT_TRUE(settle());
+        ASSERT_EQ(window().property("shownPage").toString(), name);
+
+        // Around the page, downward, past every control.
+        const QList<QQuickItem *> stops = walk();
+        const QSet<QQuickItem *> visited(stops.begin(), stops.end());
+        visit(page(), [&](QQuickItem &item) {
+            EXPECT_TRUE(!isControl(item) || visited.contains(&item))
+                << describe(item).toStdString() << " is not reached";
+        });
+        const QQuickItem *const content = page()->property("flickable").value<QQuickItem *>();
+        double last = -1e9;
+        for (QQuickItem *const stop : stops) {
+            EXPECT_TRUE(page()->isAncestorOf(stop)) << describe(*stop).toStdString() << " is not of the page";
+            if (stops.indexOf(stop) == 0 || !content->isAncestorOf(stop))
+                continue;
+            const double top =
+                stop->mapToItem(content, QPointF()).y() + content->property("contentY").toDouble();
+            // Controls of one row may differ in height.
+            EXPECT_GE(top, last - 24) << describe(*stop).toStdString() << " is out of order";
+            last = top;
+        }
+
+        // Back to where it came from.
+        press(Qt::Key_Escape);
+        ASSERT_TRUE(settle());
+        EXPECT_EQ(window().property("shownPage").toString(), QString());
+        EXPECT_TRUE(row->hasActiveFocus());
+    }
+}
+
+TEST_F(KeyboardTest, TogglesASwitchAndOpensAChoice)
+{
+    open(QStringLiteral("caller-id"));
+    ASSERT_TRUE(settle());
+    QQuickItem *const row = find(QStringLiteral("restriction"));
+    ASSERT_NE(row, nullptr);
+    row->forceActiveFocus(Qt::TabFocusReason);
+    press(Qt::Key_Space);
+    EXPECT_TRUE(row->property("open").toBool());
+    QTest::qWait(50);
+    press(Qt::Key_Tab);
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_FALSE(row->property("open").toBool());
+    EXPECT_TRUE(row->hasActiveFocus());
+    EXPECT_EQ(row->property("value").toString(), QStringLiteral("Hide it"));
+    ASSERT_TRUE(settle());
+    EXPECT_EQ(row->property("failure").toString(), QString());
+    EXPECT_EQ(row->property("value").toString(), QStringLiteral("Hide it"));
+}
+
+TEST_F(KeyboardTest, AWrongPinIsToldInWordsAndForgotten)
+{
+    open(QStringLiteral("security"));
+    ASSERT_TRUE(settle());
+    ASSERT_TRUE(QMetaObject::invokeMethod(find(QStringLiteral("enter-pin")), "click"));
+    ASSERT_TRUE(waitFor([&] { return focused() && focused()->inherits("QQuickTextInput"); }));
+    QQuickItem *const field = focused();
+    type(QStringLiteral("9999"));
+    EXPECT_EQ(field->property("text").toString().size(), 4);
+    EXPECT_EQ(field->property("displayText").toString(), QStringLiteral("●●●●"));
+    press(Qt::Key_Return);
+    ASSERT_TRUE(settle());
+
+    EXPECT_TRUE(waitFor([&] {
+        QStringList words;
+        visit(window().contentItem(), [&](QQuickItem &item) { words << item.property("text").toString(); });
+        return words.join(QLatin1Char(' ')).contains(QStringLiteral("The SIM refused the PIN."));
+    }));
+    EXPECT_EQ(field->property("text").toString(), QString());
+    EXPECT_EQ(focused(), field);
+
+    type(QStringLiteral("1234"));
+    press(Qt::Key_Return);
+    ASSERT_TRUE(settle());
+    EXPECT_TRUE(waitFor([&] { return !field->isVisible(); }));
+    EXPECT_EQ(find(QStringLiteral("enter-pin"))->property("description").toString(),
+              QStringLiteral("The SIM took it."));
+}
+
+TEST_F(KeyboardTest, MovesAPreferredNetwork)
+{
+    open(QStringLiteral("preferred"), {.calm = true});
+    ASSERT_TRUE(settle());
+    for (const char *const code : {"00101", "00102", "00103"}) {
+        find(QStringLiteral("add"))->forceActiveFocus(Qt::TabFocusReason);
+        press(Qt::Key_Return);
+        ASSERT_TRUE(waitFor([&] { return focused() && focused()->inherits("QQuickTextInput"); }));
+        type(QString::fromLatin1(code));
+        press(Qt::Key_Return);
+        ASSERT_TRUE(waitFor([&] { return !focused()->inherits("QQuickTextInput"); }));
+        ASSERT_TRUE(settle());
+        // Once the sheet is gone, the keyboard is where it was before.
+        ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("add"))->hasActiveFocus(); }));
+    }
+    const auto order = [&] {
+        QStringList codes;
+        visit(page(), [&](QQuickItem &item) {
+            if (item.property("networkId").isValid())
+                codes << item.property("networkId").toString();
+        });
+        return codes;
+    };
+    EXPECT_EQ(order().join(QLatin1Char(' ')), QStringLiteral("00101 00102 00103"));
+
+    QQuickItem *const last = find(QStringLiteral("network:00103"));
+    ASSERT_NE(last, nullptr);
+    last->property("handle").value<QQuickItem *>()->forceActiveFocus(Qt::TabFocusReason);
+    press(Qt::Key_Up, Qt::ControlModifier);
+    ASSERT_TRUE(waitFor([&] {
+        QQuickItem *const row = find(QStringLiteral("network:00103"));
+        return row && row->property("index").toInt() == 1
+            && row->property("handle").value<QQuickItem *>()->hasActiveFocus();
+    }));
+    ASSERT_TRUE(settle());
+    press(Qt::Key_Up, Qt::ControlModifier);
+    ASSERT_TRUE(settle());
+    EXPECT_TRUE(waitFor([&] { return order().join(QLatin1Char(' ')) == QLatin1String("00103 00101 00102"); }))
+        << order().join(QLatin1Char(' ')).toStdString();
+}
+
+} // namespace

@@ -1,0 +1,166 @@
+// What the pages show when the phone is slow, lacks something or fails.
+#include "SettingsTest.h"
+
+#include <QElapsedTimer>
+#include <QTimer>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr int notSupported = 0x9000;
+constexpr int refused = 0x8000;
+
+class PagesTest : public SettingsTest {
+protected:
+    /** The longest time in which the event loop did not turn, in milliseconds. */
+    static qint64 longestGap(int duration)
+    {
+        qint64 longest = 0;
+        QElapsedTimer since;
+        since.start();
+        QTimer ticks;
+        QObject::connect(&ticks, &QTimer::timeout, &ticks,
+                         [&] { longest = std::max(longest, since.restart()); });
+        ticks.setTimerType(Qt::PreciseTimer);
+        ticks.start(1);
+        QTest::qWait(duration);
+        return std::max(longest, since.elapsed());
+    }
+
+    /** The reasons that the page shows. */
+    QStringList failures() const
+    {
+        QStringList reasons;
+        visit(page(), [&](QQuickItem &item) {
+            const QString reason = item.property("reason").toString();
+            if (!reason.isEmpty())
+                reasons << reason;
+        });
+        return reasons;
+    }
+};
+
+TEST_F(PagesTest, TheEventLoopNeverWaits)
+{
+    open(QString(), {.size = QSize(400, 800)});
+    ASSERT_TRUE(settle());
+    const QStringList pages = offeredPages();
+    phone().setDelay("*", 2s);
+    for (const QString &name : pages) {
+        SCOPED_TRACE(name.toStdString());
+        // Another program may take the processor at any time; a screen that waits does so every time.
+        qint64 gap = 0;
+        for (int attempt = 0; attempt < 4; ++attempt) {
+            QTimer::singleShot(50, &window(),
+                               [&] { QMetaObject::invokeMethod(&window(), "open", Q_ARG(QString, name)); });
+            gap = longestGap(700);
+            ASSERT_EQ(window().property("shownPage").toString(), name);
+            QMetaObject::invokeMethod(&window(), "back");
+            QTest::qWait(20);
+            if (gap < 50)
+                break;
+        }
+        EXPECT_LT(gap, 50);
+        std::printf("%-12s longest gap %3lld ms\n", qPrintable(name), static_cast<long long>(gap));
+    }
+    phone().setDelay("*", 0s);
+}
+
+TEST_F(PagesTest, WhatTheProductLacksIsNotShown)
+{
+    const struct {
+        const char *request;
+        const char *page;
+    } lacks[] = {
+        {"TAPI_CS_GetDivertStatus", "forwarding"},
+        {"TAPI_CS_GetChargeDisplay", "costs"},
+        {"TAPI_CS_GetLine", "lines"},
+        {"TAPI_NETWORK_GetSearchMode", "networks"},
+        {"TAPI_NETWORK_GetTotalPreferredOperatorNumber", "preferred"},
+    };
+    open(QString());
+    ASSERT_TRUE(settle());
+    const QStringList all = offeredPages();
+    for (const auto &lack : lacks) {
+        ASSERT_TRUE(phone().setAnswer(lack.request, {.result = notSupported, .out = {}}));
+        QMetaObject::invokeMethod(&window(), "lookAgain");
+        QStringList expected = all;
+        EXPECT_EQ(expected.removeAll(QString::fromLatin1(lack.page)), 1);
+        EXPECT_TRUE(waitFor([&] { return offeredPages() == expected; })) << lack.page;
+        ASSERT_TRUE(settle());
+        EXPECT_EQ(find(QStringLiteral("page:%1").arg(QLatin1String(lack.page))), nullptr);
+        phone().clearAnswer(lack.request);
+    }
+    // A page for two things stays for one of them.
+    phone().setAnswer("TAPI_FTRDB_GetState", {.result = notSupported, .out = {}});
+    QMetaObject::invokeMethod(&window(), "lookAgain");
+    EXPECT_TRUE(waitFor([&] { return offeredPages() == all; }));
+    ASSERT_TRUE(settle());
+    phone().setAnswer("TAPI_CS_GetVoiceWaitingStatus", {.result = notSupported, .out = {}});
+    QMetaObject::invokeMethod(&window(), "lookAgain");
+    EXPECT_TRUE(waitFor([&] { return !offeredPages().contains(QStringLiteral("caller-id")); }));
+}
+
+TEST_F(PagesTest, AFailureStandsUnderItsRowUntilItIsMended)
+{
+    phone().setAnswer("TAPI_CS_GetDivertStatus", {.result = refused, .out = {}, .times = -1});
+    open(QStringLiteral("forwarding"));
+    ASSERT_TRUE(settle());
+    EXPECT_EQ(failures().size(), 4);
+    EXPECT_TRUE(failures().constFirst().startsWith(QStringLiteral("The network refused")));
+
+    phone().clearAnswer("TAPI_CS_GetDivertStatus");
+    ASSERT_TRUE(QMetaObject::invokeMethod(find(QStringLiteral("always")), "retry"));
+    ASSERT_TRUE(settle());
+    EXPECT_EQ(failures().size(), 3);
+    EXPECT_EQ(find(QStringLiteral("always"))->property("value").toString(), QStringLiteral("Off"));
+}
+
+TEST_F(PagesTest, ASwitchGoesBackWhenTheDiskIsFull)
+{
+    open(QStringLiteral("preferences"));
+    ASSERT_TRUE(settle());
+    QQuickItem *const row = find(QStringLiteral("roaming"));
+    ASSERT_NE(row, nullptr);
+    const bool before = row->property("checked").toBool();
+    phone().setDiskFull(true);
+    ASSERT_TRUE(QMetaObject::invokeMethod(row, "click"));
+    EXPECT_NE(row->property("checked").toBool(), before);
+    ASSERT_TRUE(settle());
+    EXPECT_EQ(row->property("checked").toBool(), before);
+    ASSERT_EQ(failures().size(), 1);
+    EXPECT_TRUE(failures().constFirst().startsWith(QStringLiteral("The disk is full")));
+
+    phone().setDiskFull(false);
+    ASSERT_TRUE(QMetaObject::invokeMethod(row, "retry"));
+    ASSERT_TRUE(settle());
+    EXPECT_NE(row->property("checked").toBool(), before);
+    EXPECT_TRUE(failures().isEmpty());
+}
+
+TEST_F(PagesTest, ACallThatComesInIsTakenOnAnyPage)
+{
+    open(QStringLiteral("about"));
+    ASSERT_TRUE(settle());
+    EXPECT_EQ(find(QStringLiteral("take")), nullptr);
+    ASSERT_NE(phone().ring("+491715550100"), 0);
+    ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("take")) != nullptr; }));
+    ASSERT_TRUE(QMetaObject::invokeMethod(find(QStringLiteral("take")), "click"));
+    ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("take")) == nullptr; }));
+    EXPECT_EQ(window().property("shownPage").toString(), QStringLiteral("calls"));
+    ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("hang-up")) != nullptr; }));
+}
+
+TEST_F(PagesTest, ListAndPageStandSideBySideWhereThereIsRoom)
+{
+    open(QStringLiteral("about"), {.size = QSize(719, 600)});
+    ASSERT_TRUE(settle());
+    EXPECT_EQ(find(QStringLiteral("page:calls")), nullptr);
+    window().setWidth(720);
+    ASSERT_TRUE(settle());
+    EXPECT_NE(find(QStringLiteral("page:calls")), nullptr);
+    EXPECT_EQ(window().property("shownPage").toString(), QStringLiteral("about"));
+}
+
+} // namespace

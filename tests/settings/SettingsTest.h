@@ -1,0 +1,51 @@
+// Tests of the settings application: the real one, on a simulated phone of its own, without a display.
+#pragma once
+
+#include "Application.h"
+#include "SimulatedPhoneControl.h"
+
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+
+class SettingsTest : public testing::Test {
+protected:
+    SettingsTest();
+    ~SettingsTest() override;
+
+    static SimulatedPhoneControl &phone() { return *findSimulatedPhone(); }
+
+    /** Opens the application at a page and waits until all has been read. */
+    void open(const QString &page, Options options = {});
+    void close() { m_application.reset(); }
+    QQuickWindow &window() const { return *m_application->window(); }
+
+    /** The page that is shown. */
+    QQuickItem *page() const { return window().property("pageItem").value<QQuickItem *>(); }
+    QStringList offeredPages() const;
+    QQuickItem *find(const QString &name) const { return Application::find(window().contentItem(), name); }
+
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
+    {
+        QTest::keyClick(&window(), key, modifiers);
+    }
+    void type(const QString &text);
+    /** Lets the event loop run until something is so. */
+    static bool waitFor(const std::function<bool()> &isSo, int milliseconds = 10000);
+    bool settle() const;
+
+    /** Every visible item below one. */
+    static void visit(QQuickItem *item, const std::function<void(QQuickItem &)> &tell);
+    /** Whether an item can be pressed or typed into. */
+    static bool isControl(const QQuickItem &item);
+    static QString describe(const QQuickItem &item);
+
+private:
+    std::unique_ptr<Application> m_application;
+};
