@@ -1,0 +1,19 @@
+#!/usr/bin/env bash
+# What a phone does at boot, on a desk whose modem is off: brings it online and ends; waits for a modem that is not there;
+# leaves a modem alone that it was not asked for.
+#
+# modem_online.sh PROGRAM
+set -euo pipefail
+
+is_online() {
+    busctl --system call org.ofono /phone org.ofono.Modem GetProperties | grep -q '"Online" b true'
+}
+
+! is_online || { echo "the desk's modem is online to begin with"; exit 1; }
+status=0
+KVQ_MODEM=/absent timeout 3 "$1" || status=$?
+[[ $status == 124 ]] || { echo "a modem that is not there: status $status, not waiting"; exit 1; }
+! is_online || { echo "the modem that was not named is online"; exit 1; }
+[[ $(timeout 30 "$1") == "/phone is online" ]] || { echo "does not bring the modem online"; exit 1; }
+is_online || { echo "says that the modem is online, but it is not"; exit 1; }
+[[ $(KVQ_MODEM=/phone timeout 30 "$1") == "/phone is online" ]] || { echo "stumbles over one that is online"; exit 1; }
