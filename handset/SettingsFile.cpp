@@ -18,7 +18,7 @@
 namespace {
 
 /** A file of settings is some kilobytes; what is larger than this is something else. */
-constexpr off_t largestImage = 64 * 1024 * 1024;
+constexpr off_t largestImage = off_t{64} * 1024 * 1024;
 constexpr int attemptsToRead = 100;
 constexpr int waitForOthers = 1000; // milliseconds
 

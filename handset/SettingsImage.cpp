@@ -25,7 +25,8 @@ constexpr char selectValues[] = "SELECT app, grp, key, type, value FROM settings
 constexpr char replaceValue[] = "REPLACE INTO settings (app, grp, key, type, value) VALUES (?, ?, ?, ?, ?)";
 
 /** Where the header keeps what. Numbers are big-endian. */
-constexpr std::string_view magic("SQLite format 3", 16);
+constexpr char magicText[] = "SQLite format 3";
+constexpr std::string_view magic(magicText, sizeof magicText); // with its end
 constexpr std::size_t headerSize = 100;
 constexpr std::size_t pageSizeAt = 16;
 constexpr std::size_t formatsAt = 18; // of writing and of reading; 2 stands for write-ahead mode

@@ -34,7 +34,7 @@ struct SettingsStore::Registry {
     static Registry &instance()
     {
         // Never destroyed: a store may be used when the process is already on its way out.
-        static Registry *const registry = new Registry;
+        static auto *const registry = new Registry;
         return *registry;
     }
 

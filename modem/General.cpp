@@ -104,7 +104,7 @@ constexpr std::array<CommandEntry, 12> commands = {{
     {"&C", Needs::Nothing, "", accept},
     {"&D", Needs::Nothing, "", accept},
     {"+CMEE", Needs::Nothing, "(0-2)", errorFormat},
-    {"+CSCS", Needs::Nothing, "(\"GSM\",\"IRA\")", characterSet},
+    {"+CSCS", Needs::Nothing, R"(("GSM","IRA"))", characterSet},
     {"+CFUN", Needs::Nothing, "(0,1,4),(0)", functionality},
     {"+SIMSTATE", Needs::Nothing, "", simState},
     {"+GCAP", Needs::Nothing, "", capabilities},

@@ -194,7 +194,7 @@ void Modem::updateRegistration()
             continue;
         std::string line = "+CREG: " + std::to_string(status);
         if (session->preferences.registration == 2 && isRegistered())
-            line += ",\"00C3\",\"0000A1B2\",2";
+            line += R"(,"00C3","0000A1B2",2)";
         session->tell(line);
     }
     if (power == Power::On && isCardReady() && !isRegistered() && !registrationDenied

@@ -152,15 +152,14 @@ Answer changePassword(Modem &modem, Session &, const Command &command)
 }
 
 /** P2 stands there because the daemon changes only what is named. */
-constexpr std::string_view facilities =
-    "(\"SC\",\"FD\",\"P2\",\"AO\",\"OI\",\"OX\",\"AI\",\"IR\",\"AB\",\"AG\",\"AC\")";
+constexpr std::string_view facilities = R"(("SC","FD","P2","AO","OI","OX","AI","IR","AB","AG","AC"))";
 
 constexpr std::array<CommandEntry, 5> commands = {{
     {"+CPIN", Needs::Card, "", enterPin},
     {"+CPINR", Needs::Card, "", triesLeft},
     {"+EPINC", Needs::Card, "", triesInOneLine},
     {"+CLCK", Needs::Card, facilities, facilityLock},
-    {"+CPWD", Needs::Card, "(\"SC\",8),(\"P2\",8)", changePassword},
+    {"+CPWD", Needs::Card, R"(("SC",8),("P2",8))", changePassword},
 }};
 
 } // namespace

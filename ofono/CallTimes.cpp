@@ -18,7 +18,7 @@ namespace {
 constexpr char totalKey[] = "callSeconds";
 
 /** No call lasts longer; a start that lies further back is a mistake of some clock. */
-constexpr std::int64_t longestCall = 7 * 24 * 3600;
+constexpr std::int64_t longestCall = std::int64_t{7} * 24 * 3600;
 
 std::int64_t now()
 {

@@ -201,8 +201,10 @@ void Answer::objects(const std::function<void(std::string_view path, const Prope
             if (sd_bus_message_skip(message, "{sv}") < 0)
                 return;
         }
-        if (sd_bus_message_exit_container(message) < 0 || sd_bus_message_exit_container(message) < 0)
-            return;
+        for (int container = 0; container < 2; ++container) { // the properties, the modem
+            if (sd_bus_message_exit_container(message) < 0)
+                return;
+        }
     }
 }
 

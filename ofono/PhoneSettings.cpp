@@ -22,7 +22,7 @@ struct Store {
 Store &store()
 {
     // Never destroyed: an application may use the engine until the process is gone.
-    static Store *const store = new Store;
+    static auto *const store = new Store;
     return *store;
 }
 

@@ -12,7 +12,7 @@ namespace {
 SettingsStore &store()
 {
     // Never destroyed: an application may use the engine until the process is gone.
-    static SettingsStore *const store = new SettingsStore;
+    static auto *const store = new SettingsStore;
     return *store;
 }
 

@@ -5,11 +5,12 @@ cd "$(dirname "$0")/.."
 source scripts/packages.sh
 
 need_packages "${build_packages[@]}" "${qml_packages[@]}" clang-format-14 clang-tidy-14
+product=(utility handset simulator ofono modem console portcheck qml)
 echo "== Format"
-find include platform utility simulator modem console qml benchmarks tests docs -name '*.cpp' -o -name '*.h' |
+find include platform "${product[@]}" benchmarks tests docs -name '*.cpp' -o -name '*.h' |
     xargs clang-format-14 --dry-run --Werror
 echo "== clang-tidy"
 cmake --preset release >/dev/null
 cmake --build --preset release -- --quiet
-find utility simulator modem console qml -name '*.cpp' | xargs -P 2 -n 4 clang-tidy-14 -p build/release --quiet 2>/dev/null
+find "${product[@]}" -name '*.cpp' | xargs -P 2 -n 4 clang-tidy-14 -p build/release --quiet 2>/dev/null
 echo "clean"
