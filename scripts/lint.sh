@@ -5,7 +5,7 @@ cd "$(dirname "$0")/.."
 source scripts/packages.sh
 
 need_packages "${build_packages[@]}" "${qml_packages[@]}" clang-format-14 clang-tidy-14
-product=(utility handset simulator ofono modem console portcheck qml)
+product=(utility handset simulator ofono modem console portcheck qml settings)
 echo "== Format"
 find include platform "${product[@]}" benchmarks tests docs -name '*.cpp' -o -name '*.h' |
     xargs clang-format-14 --dry-run --Werror
