@@ -52,6 +52,7 @@ std::string sonameOf(void *library)
     // On some processors the loader leaves the address as it stands in the file.
     if (strings < map->l_addr)
         strings += map->l_addr;
+    // NOLINTNEXTLINE(performance-no-int-to-ptr,clang-analyzer-cplusplus.StringChecker): the loader keeps addresses
     return named ? reinterpret_cast<const char *>(strings) + offset : std::string();
 }
 

@@ -175,7 +175,7 @@ void callTimesAreTimes()
     answered(TAPI_CS_GetTotalCallTime(&time));
     expect(time.minutes < 60 && time.seconds < 60, "minutes or seconds are 60 or more");
     const QString text = setup().getTotalCallTime();
-    expect(matches(text, "\\d+:\\d+:\\d+"), "gives " + quoted(text));
+    expect(matches(text, R"(\d+:\d+:\d+)"), "gives " + quoted(text));
 }
 
 void knownNetworksAreListed()

@@ -8,6 +8,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <memory>
 
 namespace Conformance {
@@ -241,8 +242,10 @@ void aPreferredNetworkIsKept()
     const auto priorities = [] {
         auto list = std::make_unique<_TAPI_NETWORK_PREFERRED_S>();
         answered(network().getPreferredNetworks(list.get()));
+        const int count = std::clamp<int>(list->count, 0, TAPI_NETWORK_MAX_PREFERRED);
         std::vector<int> positions;
-        for (int entry = 0; entry < std::min(list->count, TAPI_NETWORK_MAX_PREFERRED); ++entry)
+        positions.reserve(static_cast<std::size_t>(count));
+        for (int entry = 0; entry < count; ++entry)
             positions.push_back(list->entries[entry].priority);
         return positions;
     };

@@ -36,6 +36,7 @@ struct Engine {
  * application waits for quitTimeout() at most. If they take longer the thread is left to itself and the
  * process ends without running the destructors of static objects, which that thread might still use.
  */
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): it alone ends itself
 class PHONE_ENG_API CallSetupWorker final : public QObject {
     Q_OBJECT
 
