@@ -2,6 +2,12 @@
 //
 // The verdict counts instructions, under callgrind: the same program with the same input gives the same count, whatever
 // else the machine does. The clock stands beside it: the least time of many short rounds, both sides in turn.
+namespace {
+
+constexpr char unitPath[] = "utility/PHONE_ENG_Benchmark";
+
+} // namespace
+
 #include "../utility/Log.h"
 
 #include "PHONE_ENG_NtInterface.h"
@@ -58,8 +64,6 @@ void *realloc(void *memory, std::size_t size)
 }
 
 namespace {
-
-constexpr char unitPath[] = "utility/PHONE_ENG_Benchmark";
 
 /** Writes a log line as the engine's macros do, but straight to the stream. */
 #define HAND_TRACE() std::fprintf(libaplog_to_module_ptr, "%s,%s,%d \n", unitPath, __func__, __LINE__)

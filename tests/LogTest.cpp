@@ -1,4 +1,10 @@
 // The log routine: its two line shapes to the byte, its level gate and its stream.
+namespace {
+
+constexpr char unitPath[] = "utility/PHONE_ENG_NtInterface";
+
+} // namespace
+
 #include "../utility/Log.h"
 
 #include <gtest/gtest.h>
@@ -7,8 +13,6 @@
 #include <string>
 
 namespace {
-
-constexpr char unitPath[] = "utility/PHONE_ENG_NtInterface";
 
 class LogTest : public testing::Test {
 protected:

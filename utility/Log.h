@@ -1,4 +1,4 @@
-// The engine's log: one line a call, in one of two shapes.
+// The engine's log: one line a call, in one of two shapes. unitPath, which its lines carry, is defined before.
 #pragma once
 
 #include "LogModule.h"
@@ -40,12 +40,18 @@ std::FILE *logStream()
     va_end(arguments);
 }
 
+/** Out of line, since most calls of the engine to the platform stand between two of them. */
+[[maybe_unused]] [[gnu::noinline]] void logTrace(const char *function, int line)
+{
+    PHONE_ENG_Log(engineLogLevel, "%s,%s,%d \n", unitPath, function, line);
+}
+
 } // namespace
 
-// Macros, since a line names the function and the line that it stands in. unitPath is the unit's own.
+// Macros, since a line names the function and the line that it stands in.
 
 /** The bare location trace that brackets most platform calls. */
-#define LOG_TRACE() PHONE_ENG_Log(engineLogLevel, "%s,%s,%d \n", unitPath, __func__, __LINE__)
+#define LOG_TRACE() logTrace(__func__, __LINE__)
 
 /** A message. Write the text as a raw string literal: a backslash in it is printed as a backslash. */
 #define LOG_MESSAGE(text, ...)                                                                               \

@@ -1,11 +1,11 @@
 // What every file of this unit begins with.
 #pragma once
 
-#include "../Log.h"
-
 namespace {
 
 /** The path that the unit's log lines carry. */
 constexpr char unitPath[] = "utility/PHONE_ENG_WrapTapi";
 
 } // namespace
+
+#include "../Log.h"
