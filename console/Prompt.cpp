@@ -15,6 +15,7 @@
 #include <memory>
 
 #include <editline/readline.h>
+#include <poll.h>
 #include <unistd.h>
 
 namespace Console {
@@ -49,7 +50,13 @@ QString historyFile()
 
 volatile std::sig_atomic_t interrupted = 0;
 
-/** While a line is typed, an interrupt drops the line and nothing else. */
+/** The signals as they are while the console waits for a key. */
+sigset_t whileWaiting = {};
+
+/**
+ * While a line is typed, an interrupt drops the line and nothing else. It is let in only where a key is waited for, so
+ * it cannot cut off what is just being shown.
+ */
 class InterruptGuard {
 public:
     InterruptGuard()
@@ -58,8 +65,16 @@ public:
         struct sigaction drop = {};
         drop.sa_handler = [](int) { interrupted = 1; };
         sigaction(SIGINT, &drop, &m_before);
+        sigset_t interrupt;
+        sigemptyset(&interrupt);
+        sigaddset(&interrupt, SIGINT);
+        pthread_sigmask(SIG_BLOCK, &interrupt, &whileWaiting);
     }
-    ~InterruptGuard() { sigaction(SIGINT, &m_before, nullptr); }
+    ~InterruptGuard()
+    {
+        pthread_sigmask(SIG_SETMASK, &whileWaiting, nullptr);
+        sigaction(SIGINT, &m_before, nullptr);
+    }
     InterruptGuard(const InterruptGuard &) = delete;
     InterruptGuard &operator=(const InterruptGuard &) = delete;
 
@@ -72,11 +87,14 @@ int readCharacter(std::FILE *input)
 {
     std::mbstate_t state = {};
     for (;;) {
-        char byte = 0;
-        const ssize_t bytes = ::read(fileno(input), &byte, 1);
-        if (bytes < 0 && errno == EINTR && interrupted == 0)
+        pollfd key = {fileno(input), POLLIN, 0};
+        const int ready = interrupted == 0 ? ppoll(&key, 1, nullptr, &whileWaiting) : 0;
+        if (interrupted != 0)
+            return EOF;
+        if (ready < 0 && errno == EINTR)
             continue;
-        if (bytes <= 0)
+        char byte = 0;
+        if (ready < 0 || ::read(fileno(input), &byte, 1) != 1)
             return EOF;
         wchar_t character = 0;
         const std::size_t used = std::mbrtowc(&character, &byte, 1, &state);

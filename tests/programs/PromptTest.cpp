@@ -40,11 +40,11 @@ protected:
         }
     }
 
-    /** Types something and waits until the console has shown what is expected. */
+    /** Types something and waits until the console has shown what is expected and, after a line, prompts again. */
     void type(const std::string &keys, const std::string &expected)
     {
         ASSERT_EQ(write(m_terminal, keys.data(), keys.size()), static_cast<ssize_t>(keys.size()));
-        waitFor(expected);
+        waitFor(expected, keys.back() == '\r' || keys.back() == '\003');
     }
 
     /** Types the last line and gives the exit status. */
@@ -67,12 +67,15 @@ protected:
     QString historyFile() const { return m_directory.filePath(QStringLiteral("kvq-phone/history")); }
 
 private:
-    void waitFor(const std::string &expected)
+    void waitFor(const std::string &expected, bool untilPrompt = true)
     {
+        const auto isThere = [&](const std::string &shown) {
+            return shown.find(expected) != std::string::npos && (!untilPrompt || shown.ends_with("> "));
+        };
         constexpr int patience = 10'000; // milliseconds
         std::string shown;
         pollfd terminal = {m_terminal, POLLIN, 0};
-        while (shown.find(expected) == std::string::npos && poll(&terminal, 1, patience) == 1) {
+        while (!isThere(shown) && poll(&terminal, 1, patience) == 1) {
             std::array<char, 4096> buffer = {};
             const ssize_t bytes = read(m_terminal, buffer.data(), buffer.size());
             if (bytes <= 0)
