@@ -2,27 +2,31 @@
 # Builds the engine and plays a tour of it on the simulated phone. With -i it opens the prompt instead.
 # With --ofono the phone is the one of the telephony daemon: a private bus, the simulated modem and the real daemon
 # are started for as long as it takes; -i then opens the console on them with the modem's prompt beside it.
+# With --screen it opens the settings application, with the panel for the desk beside it.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/packages.sh
 
 ofono=false
 interactive=false
+screen=false
 for option in "$@"; do
     case $option in
     --ofono) ofono=true ;;
     -i) interactive=true ;;
+    --screen) screen=true ;;
     *)
-        echo "usage: scripts/demo.sh [--ofono] [-i]" >&2
+        echo "usage: scripts/demo.sh [--ofono] [-i] | --screen" >&2
         exit 2
         ;;
     esac
 done
 
 need_packages "${build_packages[@]}"
+! $screen || need_packages "${qml_packages[@]}" qt6-wayland
 ! $ofono || need_packages "${desk_packages[@]}"
 echo "== Building"
-cmake --preset release -DKVQ_BUILD_TESTS=OFF -DKVQ_BUILD_QML=OFF -B build/demo >/dev/null
+cmake --preset release -DKVQ_BUILD_TESTS=OFF -DKVQ_BUILD_QML=$($screen && echo ON || echo OFF) -B build/demo >/dev/null
 if [[ -t 1 ]]; then
     NINJA_STATUS='[%f of %t] ' cmake --build build/demo
 else
@@ -32,6 +36,9 @@ else
              $1 * 10 >= $2 * step { printf "   %d of %d\n", $1, $2; fflush(); step = int($1 * 10 / $2) + 1 }'
 fi
 
+if $screen; then
+    exec build/demo/settings/kvq-settings
+fi
 desk=(scripts/desk.sh run --online --modem build/demo/modem/kvq-modem)
 case $ofono,$interactive in
 true,true)

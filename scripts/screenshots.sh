@@ -27,11 +27,11 @@ cat >"$private/fonts.conf" <<'EOF'
 <?xml version="1.0"?>
 <!DOCTYPE fontconfig SYSTEM "fonts.dtd">
 <fontconfig>
-  <dir>/usr/share/fonts/truetype/noto</dir>
-  <dir>/usr/share/fonts/truetype/dejavu</dir>
-  <cachedir>/var/cache/fontconfig</cachedir>
-  <alias><family>sans-serif</family><prefer><family>Noto Sans</family></prefer></alias>
-  <alias><family>monospace</family><prefer><family>DejaVu Sans Mono</family></prefer></alias>
+  <include>/etc/fonts/fonts.conf</include>
+  <match><test name="family"><string>sans-serif</string></test>
+    <edit name="family" mode="prepend" binding="strong"><string>Noto Sans</string></edit></match>
+  <match><test name="family"><string>monospace</string></test>
+    <edit name="family" mode="prepend" binding="strong"><string>DejaVu Sans Mono</string></edit></match>
 </fontconfig>
 EOF
 export QT_QPA_PLATFORM=offscreen QT_QUICK_BACKEND=software QT_SCALE_FACTOR=${SCALE:-1} LC_ALL=C.UTF-8 \

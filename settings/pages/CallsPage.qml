@@ -71,7 +71,6 @@ PhonePage {
             hint: page.talking ? qsTr("Tones, or another number") : qsTr("Number")
             number: true
             maximumLength: 42
-            input.horizontalAlignment: TextInput.AlignHCenter
             onAccepted: page.dial()
         }
 
