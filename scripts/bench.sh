@@ -14,6 +14,10 @@ status=0
 "$build/benchmarks/engine_benchmarks" || status=1
 "$build/benchmarks/open_library" "$build/simulator/libkvqplatform.so.1" "$library" || status=1
 "$build/benchmarks/toggle_to_confirmed" || status=1
+for subject in settings bare; do
+    printf '%-54s %s\n' "first frame and memory: $subject window" "$(KVQ_LOG=off QT_QPA_PLATFORM=offscreen \
+        QT_QUICK_BACKEND=software "$build/benchmarks/first_frame" $subject 2>/dev/null)" || status=1
+done
 KVQ_LOG=off scripts/desk.sh run --online --modem "$build/modem/kvq-modem" -- "$build/benchmarks/ofono_benchmarks" \
     || status=1
 
