@@ -18,7 +18,7 @@ Window {
     readonly property string shownPage: page !== "" ? page : twoPanes ? "calls" : ""
     readonly property alias pages: directory
     /** What the product has. */
-    property Features features: finder.createObject(window)
+    property Features features: finder.createObject(window) as Features
     readonly property SettingsPage pageItem: loader.item as SettingsPage
     readonly property bool loaded: shownPage === "" || loader.status === Loader.Ready
     /** Nothing moves and nothing is waited for. */
@@ -43,7 +43,7 @@ Window {
     function lookAgain(): void {
         // Who asks already may be past what has changed, so somebody else begins anew.
         const before = features;
-        features = finder.createObject(window);
+        features = finder.createObject(window) as Features;
         before.destroy();
     }
 

@@ -24,7 +24,7 @@ PinSheet {
 
         function onFinished() {
             if (sheet.request.result === CallSetup.Success) {
-                sheet.whenDone();
+                sheet.whenDone(); // qmllint disable
                 sheet.close();
             } else {
                 sheet.refuse(Words.sentence(sheet.request.result, sheet.request.error));

@@ -46,7 +46,7 @@ Column {
         followed = row + by;
         following.restart();
         moved(row, row + by);
-        Qt.callLater(follow);
+        Qt.callLater(follow); // qmllint disable
     }
 
     function follow(): void {
@@ -66,7 +66,7 @@ Column {
         target: list.networks
 
         function onStateChanged() {
-            Qt.callLater(list.follow);
+            Qt.callLater(list.follow); // qmllint disable
         }
     }
 
@@ -76,7 +76,7 @@ Column {
         id: rows
 
         model: list.networks
-        onItemAdded: Qt.callLater(list.follow)
+        onItemAdded: Qt.callLater(list.follow) // qmllint disable
 
         PreferredRow {
             owner: list

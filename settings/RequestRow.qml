@@ -10,7 +10,7 @@ ActionRow {
     property Request request: null
 
     function run(): void {
-        request = make();
+        request = make(); // qmllint disable
     }
 
     busy: request !== null && request.busy

@@ -15,6 +15,6 @@ Sheet {
     dangerous: true
     onAccepted: {
         close();
-        whenSure();
+        whenSure(); // qmllint disable
     }
 }

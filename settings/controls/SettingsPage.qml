@@ -86,7 +86,7 @@ FocusScope {
         target: page.Window.window
         function onActiveFocusItemChanged() {
             // Once everything has found its place.
-            Qt.callLater(page.showFocus);
+            Qt.callLater(page.showFocus); // qmllint disable
         }
     }
 
