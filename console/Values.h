@@ -99,8 +99,8 @@ QStringList choicesOf()
 {
     QStringList words;
     if constexpr (std::is_same_v<Type, bool>)
-        words = {QStringLiteral("on"), QStringLiteral("off"), QStringLiteral("true"),
-                 QStringLiteral("false")};
+        words = QStringList{QStringLiteral("on"), QStringLiteral("off"), QStringLiteral("true"),
+                            QStringLiteral("false")};
     else if constexpr (std::is_enum_v<Type>)
         for (const Enumerator &enumerator : enumeratorsOf<Type>())
             words += QString::fromLatin1(enumerator.name);
