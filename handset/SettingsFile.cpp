@@ -43,9 +43,14 @@ Fault notAFile()
     return {EMEDIUMTYPE, "is not a settings file of this phone (not a regular file)"};
 }
 
+bool isLater(const timespec &time, const timespec &other)
+{
+    return std::tie(time.tv_sec, time.tv_nsec) > std::tie(other.tv_sec, other.tv_nsec);
+}
+
 bool differ(const timespec &time, const timespec &other)
 {
-    return std::tie(time.tv_sec, time.tv_nsec) != std::tie(other.tv_sec, other.tv_nsec);
+    return isLater(time, other) || isLater(other, time);
 }
 
 template <typename Call>
@@ -235,11 +240,11 @@ Fault read(const std::string &path, Content &content)
     for (int attempt = 0; attempt < attemptsToRead; ++attempt) {
         content = Content();
         // Not to wait for a writer where a pipe stands in the file's place.
-        content.file.reset(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-        if (!content.file)
+        const Descriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+        if (!file)
             return errno == ENOENT && !isThere(path) ? Fault() : unreadable();
         struct stat status = {};
-        if (fstat(content.file.number(), &status) != 0)
+        if (fstat(file.number(), &status) != 0)
             return unreadable();
         content.version = Version(status);
         if (!S_ISREG(status.st_mode) || status.st_size > largestImage)
@@ -249,13 +254,13 @@ Fault read(const std::string &path, Content &content)
         if (journal && status.st_size == 0)
             return {EUCLEAN, "is damaged (empty, with a journal beside it)"};
         if (Fault fault = journal ? InPlace(path).read(content.image)
-                                  : readBytes(content.file.number(), status.st_size, content.image))
+                                  : readBytes(file.number(), status.st_size, content.image))
             return fault;
         if (SettingsImage::endWriteAheadMode(content.image))
             content.standsAlone = false;
         // Nothing must have been written in place meanwhile. A journal that was rolled back is gone now, and what
         // it left is read the next time round.
-        if (fstat(content.file.number(), &status) != 0)
+        if (fstat(file.number(), &status) != 0)
             return unreadable();
         if (content.version.hasContentOf(Version(status)) && hasJournal(path) == journal) {
             content.version = Version(status);
@@ -301,10 +306,11 @@ Fault mayReplace(const std::string &resolved)
     return faccessat(AT_FDCWD, resolved.c_str(), W_OK, AT_EACCESS) == 0 ? Fault() : unwritable();
 }
 
-Replacement::Replacement(std::string resolved)
+Replacement::Replacement(std::string resolved, const Version &base)
     : m_path(std::move(resolved))
     , m_folder(folderOf(m_path))
     , m_next(m_path + "-new")
+    , m_baseModified(base.modified)
 {
 }
 
@@ -331,6 +337,8 @@ Fault Replacement::write(const std::string &image)
     if (untilNotInterrupted([&] { return ftruncate(m_file.number(), static_cast<off_t>(image.size())); })
         != 0)
         return unwritable();
+    if (Fault fault = setTime())
+        return fault;
     return sync(m_file.number());
 }
 
@@ -374,6 +382,28 @@ Fault Replacement::create()
         std::ignore = fchown(m_file.number(), old.st_uid, old.st_gid);
     const mode_t mode = replaces ? old.st_mode & 07777 : S_IRUSR | S_IWUSR;
     return fchmod(m_file.number(), mode) == 0 ? Fault() : unwritable();
+}
+
+/** Makes the next version later than the present one by the file's own time, whatever the clock has done. */
+Fault Replacement::setTime() const
+{
+    timespec now = {};
+    clock_gettime(CLOCK_REALTIME, &now);
+    timespec time = m_baseModified;
+    time.tv_nsec = (time.tv_nsec + 1) % 1'000'000'000;
+    time.tv_sec += time.tv_nsec == 0 ? 1 : 0;
+    if (isLater(now, time))
+        time = now;
+    // Some file systems keep whole seconds only, or every second one.
+    for (int attempt = 0; attempt < 3; ++attempt, ++time.tv_sec) {
+        const timespec times[] = {{0, UTIME_OMIT}, time};
+        struct stat status = {};
+        if (futimens(m_file.number(), times) != 0 || fstat(m_file.number(), &status) != 0)
+            return unwritable();
+        if (isLater(status.st_mtim, m_baseModified))
+            break;
+    }
+    return {};
 }
 
 Fault Replacement::syncFolder() const

@@ -10,7 +10,11 @@
 
 namespace SettingsFile {
 
-/** Tells one version of the file from any other, as long as the one it was taken of is kept open. */
+/**
+ * Tells one version of the file from any other: each is modified later than the one it replaces, see Replacement.
+ * Its inode alone would not do, for it is given to another file when the version is gone. To keep the version open
+ * would keep that from happening, but then the last reader to close it would have to wait for the disk.
+ */
 struct Version {
     Version() = default;
     explicit Version(const struct stat &status);
@@ -30,7 +34,6 @@ struct Version {
 Fault look(const std::string &path, Version &version);
 
 struct Content {
-    Descriptor file; ///< keeps the version's number from being given to another file
     Version version;
     std::string image;
     bool standsAlone = true; ///< false while another program's journal belongs to it
@@ -61,8 +64,8 @@ Fault mayReplace(const std::string &resolved);
  */
 class Replacement {
 public:
-    /** @param resolved a path from resolve() */
-    explicit Replacement(std::string resolved);
+    /** @param resolved a path from resolve(), where @p base stands now */
+    Replacement(std::string resolved, const Version &base);
     /** Takes the file away unless it has been published. */
     ~Replacement();
 
@@ -79,15 +82,15 @@ public:
     /** For the child of a fork: the file is the parent's. */
     void abandon();
 
-    Descriptor takeFile() { return std::move(m_file); }
-
 private:
     Fault create();
+    Fault setTime() const;
     Fault syncFolder() const;
 
     std::string m_path;
     std::string m_folder;
     std::string m_next;
+    timespec m_baseModified;
     Descriptor m_file;
 };
 

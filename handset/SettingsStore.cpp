@@ -199,7 +199,7 @@ const SettingsStore::Snapshot &SettingsStore::present()
 void SettingsStore::load(const SettingsFile::Version &version)
 {
     Values last = std::move(m_snapshot.values);
-    m_snapshot = {}; // its descriptor may be the one that this process lacks
+    m_snapshot = {};
     if (version.inode != 0)
         m_snapshot.fault = SettingsFile::read(path(), m_snapshot.content);
     if (!m_snapshot.fault)
@@ -306,7 +306,7 @@ Fault SettingsStore::takeBase()
     m_draft->base = now->content.version;
     m_draft->image = now->content.image;
     m_draft->values = now->values;
-    m_draft->replacement.emplace(resolved);
+    m_draft->replacement.emplace(resolved, m_draft->base);
     return {};
 }
 
@@ -338,7 +338,6 @@ Fault SettingsStore::publish()
     const std::lock_guard lock(m_mutex);
     if (m_draft->path != m_path)
         return {}; // the next read follows the links, or goes to another file
-    m_snapshot.content.file = m_draft->replacement->takeFile();
     m_snapshot.content.version = version;
     m_snapshot.content.image = std::move(m_draft->image);
     m_snapshot.content.standsAlone = true;

@@ -225,6 +225,23 @@ TEST_F(StoreTest, FileAndFolderAreTheUsersOwnWhateverTheMask)
     EXPECT_EQ(modeOf(folder), 0750u);
 }
 
+TEST_F(StoreTest, EachVersionIsLaterThanTheOneBeforeWhateverTheClockSays)
+{
+    ASSERT_TRUE(setTimer(1));
+    const timespec ahead[] = {{2'000'000'000, 999'999'999}, {2'000'000'000, 999'999'999}};
+    ASSERT_EQ(utimensat(AT_FDCWD, path().c_str(), ahead, 0), 0);
+    SettingsStore reader;
+    reader.setFile(m_file);
+    for (int value = 2; value < 5; ++value) {
+        EXPECT_TRUE(setTimer(value));
+        EXPECT_EQ(reader.readInteger(audibleTimer, SettingsStore::Type::Int), value);
+        struct stat status = {};
+        ASSERT_EQ(stat(path().c_str(), &status), 0);
+        EXPECT_EQ(status.st_mtim.tv_sec, ahead->tv_sec + 1);
+        EXPECT_EQ(status.st_mtim.tv_nsec, value - 2);
+    }
+}
+
 TEST_F(StoreTest, ALinkIsFollowedAndStays)
 {
     const QString link = m_file + QStringLiteral(".link");

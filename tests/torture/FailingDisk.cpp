@@ -1,4 +1,5 @@
 // A disk that fails when it is told to. The functions here are found before those of the system.
+#undef _FILE_OFFSET_BITS // both kinds of functions are defined here
 #include "FailingDisk.h"
 
 #include <atomic>
@@ -85,14 +86,31 @@ ssize_t pwrite(int file, const void *bytes, size_t count, off_t position)
         : system<ssize_t(int, const void *, size_t, off_t)>("pwrite")(file, bytes, count, position);
 }
 
+ssize_t pwrite64(int file, const void *bytes, size_t count, off64_t position)
+{
+    return fails()
+        ? -1
+        : system<ssize_t(int, const void *, size_t, off64_t)>("pwrite64")(file, bytes, count, position);
+}
+
 int ftruncate(int file, off_t length) noexcept
 {
     return fails() ? -1 : system<int(int, off_t)>("ftruncate")(file, length);
 }
 
+int ftruncate64(int file, off64_t length) noexcept
+{
+    return fails() ? -1 : system<int(int, off64_t)>("ftruncate64")(file, length);
+}
+
 int fchmod(int file, mode_t mode) noexcept
 {
     return fails() ? -1 : system<int(int, mode_t)>("fchmod")(file, mode);
+}
+
+int futimens(int file, const timespec times[2]) noexcept
+{
+    return fails() ? -1 : system<int(int, const timespec *)>("futimens")(file, times);
 }
 
 int mkdir(const char *path, mode_t mode) noexcept

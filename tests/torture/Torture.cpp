@@ -205,6 +205,17 @@ Outcome atEachLevel(const std::string &folder, int step)
     return outcome;
 }
 
+/** Versions of the same size, sooner after each other than the file system can tell. */
+Outcome oftenInASecond(const std::string &file)
+{
+    Outcome outcome;
+    Fresh writer(file);
+    Fresh reader(file);
+    for (int value = 1; value <= 50; ++value)
+        outcome.check(writer.put("a", value) && reader.number("a") == value, "a version was not noticed");
+    return outcome;
+}
+
 /** The file as a mutation of its bytes leaves it. */
 std::string mutated(std::string bytes, std::mt19937 &random)
 {
@@ -400,13 +411,15 @@ Outcome fullLoopDisks(const std::string &folder, int step)
         fs::create_directory(disk);
         std::ofstream(image).close();
         fs::resize_file(image, 2 * 1024 * 1024);
-        const std::string make = "mkfs.ext4 -q -m 0 -b 1024 " + image + " 2>/dev/null && mount -o loop "
-            + image + ' ' + disk + " 2>/dev/null";
+        // With small inodes, so that the file system knows whole seconds only.
+        const std::string make = "mkfs.ext4 -q -m 0 -b 1024 -I 128 " + image
+            + " 2>/dev/null && mount -o loop " + image + ' ' + disk + " 2>/dev/null";
         if (std::system(make.c_str()) != 0) {
             outcome.cannotRunHere = "no loop device may be mounted";
             return outcome;
         }
         outcome = atEachLevel(disk, step);
+        outcome.add(oftenInASecond(disk + "/settings.db"));
         umount(disk.c_str());
         return outcome;
     });
