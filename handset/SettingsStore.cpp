@@ -256,6 +256,7 @@ void SettingsStore::release()
     {
         const std::lock_guard lock(m_claimMutex);
         m_draft.reset();
+        m_turn.end();
         m_owner = nullptr;
     }
     m_claimEnded.notify_one();
@@ -276,13 +277,12 @@ Fault SettingsStore::begin()
     std::string resolved;
     if (Fault fault = SettingsFile::resolve(given, resolved))
         return fault;
-    auto draft = std::make_unique<Draft>();
-    draft->path = resolved;
-    if (Fault fault = draft->turn.begin(resolved, patience, m_stoodInLine))
+    if (Fault fault = m_turn.begin(resolved, patience))
         return fault;
     {
         const std::lock_guard lock(m_claimMutex);
-        m_draft = std::move(draft);
+        m_draft = std::make_unique<Draft>();
+        m_draft->path = resolved;
         m_parentCollects = false;
     }
     return takeBase();
@@ -384,9 +384,9 @@ void SettingsStore::unlockAfterFork()
 
 void SettingsStore::startAfreshInChild()
 {
-    m_parentCollects = m_draft && m_draft->turn;
+    m_parentCollects = m_parentCollects || m_draft;
+    m_turn.abandon();
     if (m_draft) {
-        m_draft->turn.abandon();
         if (m_draft->replacement)
             m_draft->replacement->abandon();
         // What another thread was working at may be half done, and must not even be destroyed.

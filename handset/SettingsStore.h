@@ -94,10 +94,9 @@ private:
         bool known = false;
     };
 
-    /** The version that is being made, and the turn that it needs. */
+    /** The version that is being made; the turn is ours as long as there is one. */
     struct Draft {
         std::string path; ///< without links
-        WriterTurn turn;
         SettingsFile::Version base;
         std::string image;
         Values values;
@@ -140,7 +139,7 @@ private:
     std::thread::id m_ownerThread;
     bool m_parentCollects = false; ///< in a child of a fork, as long as the turn was not ours once
 
-    WriterTurn::Clock::time_point m_stoodInLine = {}; ///< belongs to the owner
+    WriterTurn m_turn; ///< belongs to the owner
     /** Belongs to the owner; what the mutex above guards may look at it with both in hand. */
     std::unique_ptr<Draft> m_draft;
 };

@@ -1,11 +1,13 @@
-// Taking turns with locks on two bytes of a file.
+// Taking turns with locks on bytes of a file.
 #include "WriterTurn.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <thread>
+#include <utility>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -15,17 +17,49 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr off_t turn = 0;
-constexpr off_t firstInLine = 1;
-constexpr auto longestTurn = 20ms;
+constexpr off_t firstPlace = 1;
+constexpr auto longestRound = 100ms;
+/** How long the turn lies there before those who do not take it are taken for stopped. */
+constexpr auto patienceWithTheFront = 100ms;
 
-bool setLock(int file, off_t byte, short type)
+struct flock lockOf(short type, off_t begin, off_t end)
 {
     struct flock lock = {};
     lock.l_type = type;
     lock.l_whence = SEEK_SET;
-    lock.l_start = byte;
-    lock.l_len = 1;
+    lock.l_start = begin;
+    lock.l_len = end - begin;
+    return lock;
+}
+
+bool setLock(int file, off_t byte, short type)
+{
+    struct flock lock = lockOf(type, byte, byte + 1);
     return fcntl(file, F_OFD_SETLK, &lock) == 0;
+}
+
+/** The first byte of these that somebody else has locked, or the end. */
+off_t firstLocked(int file, off_t begin, off_t end)
+{
+    while (begin < end) {
+        // The kernel tells of any of them.
+        struct flock lock = lockOf(F_WRLCK, begin, end);
+        if (fcntl(file, F_OFD_GETLK, &lock) != 0 || lock.l_type == F_UNLCK)
+            break;
+        end = std::max(begin, lock.l_start);
+    }
+    return end;
+}
+
+/** Places are numbered by the time since the machine was started, which all its processes see alike. */
+off_t standInLine(int file)
+{
+    const auto uptime = WriterTurn::Clock::now().time_since_epoch();
+    off_t place = firstPlace + std::chrono::duration_cast<std::chrono::microseconds>(uptime).count();
+    // Others may have come in the same moment.
+    for (int attempt = 0; attempt < 100 && !setLock(file, place, F_WRLCK); ++attempt)
+        ++place;
+    return place;
 }
 
 /** Somebody may have taken the file away, and others may have made a new one. */
@@ -37,71 +71,121 @@ bool standsUnder(const std::string &path, int file)
         && there.st_ino == here.st_ino;
 }
 
-/** Whoever has the turn writes its number into the file, for this report only. */
-std::string holder(int file)
+/** Whoever has the turn writes its number into the file, for a report only; 0 when it could not. */
+int holder(int file)
 {
     char number[16] = {};
-    if (pread(file, number, sizeof number - 1, 0) <= 0 || std::atoi(number) <= 0)
-        return "another process";
-    return "process " + std::to_string(std::atoi(number));
+    return pread(file, number, sizeof number - 1, 0) > 0 ? std::atoi(number) : 0;
 }
 
 void noteHolder(int file)
 {
+    const int self = static_cast<int>(getpid());
+    if (holder(file) == self)
+        return;
     char number[16] = {};
-    const int length = std::snprintf(number, sizeof number, "%-10d\n", static_cast<int>(getpid()));
+    const int length = std::snprintf(number, sizeof number, "%-10d\n", self);
     if (pwrite(file, number, static_cast<std::size_t>(length), 0) != length)
         return; // a full disk, say: the report will be less exact
 }
 
+/** Looking often costs the one that writes its processor, and is of use to the next in line only. */
+std::chrono::microseconds pauseAfter(WriterTurn::Clock::duration waited, bool isNext)
+{
+    const auto quarter = std::chrono::duration_cast<std::chrono::microseconds>(waited / 4);
+    return std::clamp<std::chrono::microseconds>(quarter, 500us, isNext ? 4ms : 20ms);
+}
+
 } // namespace
 
-Fault WriterTurn::begin(const std::string &path, std::chrono::milliseconds patience,
-                        Clock::time_point &stoodInLine)
+Fault WriterTurn::begin(const std::string &path, std::chrono::milliseconds patience)
 {
     const std::string name = path + "-lock";
     const auto started = Clock::now();
-    const bool goesOn = started - stoodInLine < longestTurn;
-    bool first = false;
-    for (unsigned int attempt = 1;; ++attempt) {
-        if (!m_file) {
-            m_file.reset(open(name.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC,
-                              S_IRUSR | S_IWUSR));
-            if (!m_file)
-                return {errno == EDQUOT ? ENOSPC : errno,
-                        std::string("has a lock that cannot be opened: ") + std::strerror(errno)};
-            first = false;
-        }
-        const auto waited = Clock::now() - started;
-        const bool passes = (goesOn && attempt == 1) || waited > 1s;
-        first = first || (!passes && setLock(m_file.number(), firstInLine, F_WRLCK));
-        if ((first || passes) && setLock(m_file.number(), turn, F_WRLCK)) {
-            if (standsUnder(name, m_file.number())) {
-                setLock(m_file.number(), firstInLine, F_UNLCK);
-                noteHolder(m_file.number());
-                if (first)
-                    stoodInLine = Clock::now();
+    bool goesOn = started - m_roundBegan < longestRound;
+    off_t front = firstPlace; // of the line; those before it are stopped
+    auto lastTaken = started;
+    for (;;) {
+        if (Fault fault = openFile(name))
+            return fault;
+        if (std::exchange(goesOn, false)) {
+            if (take(name))
                 return {};
-            }
-            m_file.reset();
             continue;
         }
-        if (waited >= patience) {
-            const std::string who = holder(m_file.number());
-            end();
-            return {EBUSY, "is kept locked by " + who + ", so a value was not stored"};
+        if (m_place == 0)
+            m_place = standInLine(m_file.number());
+        const off_t next = firstLocked(m_file.number(), front, m_place);
+        if (next == m_place && take(name)) {
+            m_roundBegan = Clock::now();
+            return {};
         }
-        // Uneven, so that no two processes keep step with each other. Who looks more often is let in later.
-        std::this_thread::sleep_for(first ? 400us : 2ms + attempt * 7919 % 5000 * 1us);
+        if (!m_file)
+            continue;
+        const auto now = Clock::now();
+        if (firstLocked(m_file.number(), turn, turn + 1) == turn) {
+            lastTaken = now;
+        } else if (next != m_place && now - lastTaken > patienceWithTheFront) {
+            front = next + 1;
+            continue;
+        }
+        const auto waited = now - started;
+        if (waited >= patience) {
+            const int process = holder(m_file.number());
+            end();
+            return {EBUSY,
+                    "is kept locked by "
+                        + (process > 0 ? "process " + std::to_string(process) : "another process")
+                        + ", so a value was not stored"};
+        }
+        std::this_thread::sleep_for(pauseAfter(waited, next == m_place));
     }
 }
 
 void WriterTurn::end()
 {
+    if (!m_file)
+        return;
     // Closing would not do while a child of a fork has the file open as well.
-    if (m_file)
-        setLock(m_file.number(), turn, F_UNLCK);
-    if (m_file)
-        setLock(m_file.number(), firstInLine, F_UNLCK);
+    setLock(m_file.number(), turn, F_UNLCK);
+    if (m_place != 0)
+        setLock(m_file.number(), m_place, F_UNLCK);
+    m_place = 0;
     m_file.reset();
+}
+
+void WriterTurn::abandon()
+{
+    m_file.reset();
+    m_place = 0;
+    m_roundBegan = {};
+}
+
+Fault WriterTurn::openFile(const std::string &name)
+{
+    if (m_file)
+        return {};
+    m_file.reset(
+        open(name.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, S_IRUSR | S_IWUSR));
+    if (m_file)
+        return {};
+    const int error = errno == EDQUOT ? ENOSPC : errno;
+    return {error, std::string("has a lock that cannot be opened: ") + std::strerror(errno)};
+}
+
+/** False without a file when that is no longer the one that the others know. */
+bool WriterTurn::take(const std::string &name)
+{
+    if (!setLock(m_file.number(), turn, F_WRLCK))
+        return false;
+    if (!standsUnder(name, m_file.number())) {
+        m_file.reset();
+        m_place = 0;
+        return false;
+    }
+    if (m_place != 0)
+        setLock(m_file.number(), m_place, F_UNLCK);
+    m_place = 0;
+    noteHolder(m_file.number());
+    return true;
 }

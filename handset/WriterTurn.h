@@ -8,12 +8,13 @@
 #include <string>
 
 /**
- * A lock on a file beside the settings file.
+ * Locks on bytes of a file beside the settings file: one for the turn, and one for each process that waits, whose
+ * number says since when.
  *
- * The kernel ends it with the process that has it, however that process ends. Who waits stands first in line or
- * tries to get there. Whoever comes back at once goes on for a short while, for it costs more to wake another process
- * than to write; then it has to stand in line again, so that nobody is passed over for long. A process that was
- * stopped while it stood first in line is passed by after a second.
+ * The kernel ends them with the process that has them, however it ends. Who waits longest comes next. It costs more
+ * to wake another process than to write, so whoever has come to its turn goes on for a while when it writes again at
+ * once; then it has to stand in line, so that nobody waits for long. A process that was stopped while it stood in
+ * line is passed by when it leaves the turn lying.
  */
 class WriterTurn {
 public:
@@ -25,17 +26,17 @@ public:
     WriterTurn(const WriterTurn &) = delete;
     WriterTurn &operator=(const WriterTurn &) = delete;
 
-    /**
-     * EBUSY when the turn has not come within that time.
-     * @param stoodInLine when this process has last come to its turn by standing in line; kept by the caller
-     */
-    Fault begin(const std::string &path, std::chrono::milliseconds patience, Clock::time_point &stoodInLine);
+    /** EBUSY when the turn has not come within that time. */
+    Fault begin(const std::string &path, std::chrono::milliseconds patience);
     void end();
-    /** For the child of a fork: the turn is the parent's. */
-    void abandon() { m_file.reset(); }
-
-    explicit operator bool() const { return static_cast<bool>(m_file); }
+    /** For the child of a fork: turn and place in line are the parent's. */
+    void abandon();
 
 private:
+    Fault openFile(const std::string &name);
+    bool take(const std::string &name);
+
     Descriptor m_file;
+    off_t m_place = 0;                   ///< in line; 0 for none
+    Clock::time_point m_roundBegan = {}; ///< when the line last led to the turn
 };

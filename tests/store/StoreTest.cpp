@@ -14,11 +14,13 @@
 #include <cerrno>
 #include <chrono>
 #include <cstdlib>
+#include <limits>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include <csignal>
+#include <fcntl.h>
 #include <sqlite3.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -90,6 +92,18 @@ protected:
     QString m_file = m_directory.filePath(QStringLiteral("settings.db"));
     SettingsStore store;
 };
+
+/** How many bytes of a file other processes have locked. */
+int locks(int file, off_t begin = 0, off_t end = std::numeric_limits<off_t>::max())
+{
+    struct flock lock = {};
+    lock.l_type = F_WRLCK;
+    lock.l_start = begin;
+    lock.l_len = end - begin;
+    if (begin == end || fcntl(file, F_OFD_GETLK, &lock) != 0 || lock.l_type == F_UNLCK)
+        return 0;
+    return 1 + locks(file, begin, lock.l_start) + locks(file, lock.l_start + 1, end);
+}
 
 /** The file as it was before it had a version. */
 constexpr char olderFile[] = "CREATE TABLE IF NOT EXISTS settings (app INTEGER NOT NULL, grp TEXT NOT NULL, "
@@ -277,6 +291,46 @@ TEST_F(StoreTest, AChildOfForkLeavesTheParentsCollectionAlone)
     EXPECT_EQ(timer(), 5);
     EXPECT_TRUE(holdsInChild([this] { return setReminder(); }));
     EXPECT_EQ(store.readInteger(reminder, SettingsStore::Type::Bool), 0);
+}
+
+TEST_F(StoreTest, WhoWaitsLongestWritesNextAndWhoIsStoppedIsPassedBy)
+{
+    const int collector = 0;
+    ASSERT_TRUE(store.writeInteger(audibleTimer, SettingsStore::Type::Int, 0, &collector));
+    const int lockFile = open((path() + "-lock").c_str(), O_RDWR | O_CLOEXEC);
+    std::array<int, 2> ends = {};
+    ASSERT_EQ(pipe(ends.data()), 0);
+    std::array<pid_t, 3> children = {};
+    for (int number = 1; number <= 3; ++number) {
+        pid_t &child = children[static_cast<std::size_t>(number - 1)];
+        child = fork();
+        if (child == 0) {
+            SettingsStore own;
+            own.setFile(m_file);
+            const int answer =
+                own.writeInteger(audibleTimer, SettingsStore::Type::Int, number, nullptr) ? number : 0;
+            std::_Exit(write(ends[1], &answer, sizeof answer) == sizeof answer ? 0 : 1);
+        }
+        for (int look = 0; look < 1000 && locks(lockFile) != 1 + number; ++look)
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        ASSERT_EQ(locks(lockFile), 1 + number);
+    }
+    const auto next = [&] {
+        int number = -1;
+        return read(ends[0], &number, sizeof number) == sizeof number ? number : -1;
+    };
+    kill(children[1], SIGSTOP);
+    waitpid(children[1], nullptr, WUNTRACED);
+    EXPECT_TRUE(store.commit(&collector));
+    EXPECT_EQ(next(), 1);
+    EXPECT_EQ(next(), 3);
+    kill(children[1], SIGCONT);
+    EXPECT_EQ(next(), 2);
+    for (const pid_t child : children)
+        waitpid(child, nullptr, 0);
+    EXPECT_EQ(timer(), 2);
+    for (const int file : {lockFile, ends[0], ends[1]})
+        close(file);
 }
 
 TEST_F(StoreTest, ACollectionGivesWayToAFileOfOthers)
