@@ -2,9 +2,7 @@
 #include "Torture.h"
 
 #include "FailingDisk.h"
-#include "SettingsStore.h"
-
-#include <QString>
+#include "Helpers.h"
 
 #include <algorithm>
 #include <array>
@@ -24,9 +22,7 @@
 
 #include <csignal>
 #include <fcntl.h>
-#include <sched.h>
 #include <sys/mman.h>
-#include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -39,181 +35,9 @@ namespace fs = std::filesystem;
 using Clock = std::chrono::steady_clock;
 using namespace std::chrono_literals;
 
-constexpr int collector = 0; // its address stands for a collecting object
-
-SettingsStore::Name name(const char *key)
-{
-    return {4, QStringLiteral("Setup"), QString::fromLatin1(key)};
-}
-
-/** A store as a process that has just started has it. */
-struct Fresh : SettingsStore {
-    explicit Fresh(const std::string &file) { setFile(QString::fromStdString(file)); }
-
-    int number(const char *key) { return readInteger(name(key), Type::Int).value_or(-1); }
-    QString text(const char *key) { return readText(name(key)).value_or(QString()); }
-    bool put(const char *key, int value, const void *owner = nullptr)
-    {
-        return writeInteger(name(key), Type::Int, value, owner);
-    }
-    bool put(const char *key, const QString &value, const void *owner = nullptr)
-    {
-        return writeText(name(key), value, owner);
-    }
-};
-
 double microsecondsSince(Clock::time_point start)
 {
     return std::chrono::duration<double, std::micro>(Clock::now() - start).count();
-}
-
-template <typename Body>
-pid_t inChild(Body body)
-{
-    const pid_t child = fork();
-    if (child == 0) {
-        body();
-        std::_Exit(0);
-    }
-    return child;
-}
-
-int waitFor(pid_t child)
-{
-    int status = 0;
-    waitpid(child, &status, 0);
-    return status;
-}
-
-/** Standard error goes nowhere for a while: what is reported on purpose is not for the reader of the table. */
-class Silence {
-public:
-    Silence()
-        : m_kept(dup(STDERR_FILENO))
-    {
-        const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
-        dup2(nowhere, STDERR_FILENO);
-        close(nowhere);
-    }
-    ~Silence()
-    {
-        dup2(m_kept, STDERR_FILENO);
-        close(m_kept);
-    }
-    Silence(const Silence &) = delete;
-    Silence &operator=(const Silence &) = delete;
-
-private:
-    int m_kept;
-};
-
-/** Runs a part in a process of its own, with mounts of its own that end with it. */
-Outcome inOwnMounts(const std::function<Outcome()> &part)
-{
-    std::array<int, 2> ends = {};
-    if (pipe(ends.data()) != 0)
-        return {0, 0, {}, {}, "no pipe"};
-    const pid_t child = inChild([&] {
-        const bool own = unshare(CLONE_NEWNS) == 0 || unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0;
-        Outcome outcome;
-        if (own && mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0)
-            outcome = part();
-        else
-            outcome.cannotRunHere = "mounts of its own are not allowed";
-        std::ostringstream text;
-        text << outcome.tries << '\n'
-             << outcome.faults << '\n'
-             << outcome.firstFault << '\n'
-             << outcome.remark << '\n'
-             << outcome.cannotRunHere << '\n';
-        std::ignore = ::write(ends[1], text.str().data(), text.str().size());
-    });
-    close(ends[1]);
-    std::string text;
-    std::array<char, 512> bytes = {};
-    for (ssize_t count = 0; (count = ::read(ends[0], bytes.data(), bytes.size())) > 0;)
-        text.append(bytes.data(), static_cast<std::size_t>(count));
-    close(ends[0]);
-    Outcome outcome;
-    outcome.check(waitFor(child) == 0, "the process died");
-    std::istringstream lines(text);
-    Outcome inside;
-    lines >> inside.tries >> inside.faults;
-    lines.ignore();
-    std::getline(lines, inside.firstFault);
-    std::getline(lines, inside.remark);
-    std::getline(lines, inside.cannotRunHere);
-    outcome.add(inside);
-    return outcome;
-}
-
-bool fillCompletely(const std::string &file)
-{
-    const int filler = ::open(file.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
-    const std::vector<char> block(1024, 'x');
-    while (::write(filler, block.data(), block.size()) > 0) { }
-    const bool full = errno == ENOSPC;
-    fsync(filler);
-    close(filler);
-    return full;
-}
-
-/** Writes at each level of fill: the truth about each answer, and use as before when the space is back. */
-Outcome atEachLevel(const std::string &folder, int step)
-{
-    Outcome outcome;
-    long refused = 0;
-    const std::string file = folder + "/store/settings.db";
-    const std::string filler = folder + "/filler";
-    const QString old(500, QLatin1Char('1'));
-    const QString next(9000, QLatin1Char('2'));
-    for (int level = 0; level < 64 * 1024; level += step) {
-        fs::remove_all(folder + "/store");
-        fs::remove(filler);
-        {
-            Fresh first(file);
-            outcome.check(first.put("a", old) && first.put("b", 1), "a write with space enough");
-        }
-        fillCompletely(filler);
-        const auto size = static_cast<off_t>(fs::file_size(filler));
-        std::ignore = truncate(filler.c_str(), std::max<off_t>(0, size - level));
-
-        Fresh store(file);
-        errno = 0;
-        const bool single = store.put("a", next);
-        outcome.check(single || errno == ENOSPC, "a refused write says that the disk is full");
-        outcome.check(Fresh(file).text("a") == (single ? next : old), "what a single write answered");
-
-        bool collected = store.put("b", 2, &collector);
-        collected = store.put("c", next, &collector) && collected;
-        outcome.check(collected || errno == ENOSPC, "a refused collected write says that the disk is full");
-        // What a full collection still holds is taken up, so that the commit finds nothing free.
-        if (collected)
-            fillCompletely(folder + "/filler-of-the-rest");
-        outcome.check(!collected || store.commit(&collector),
-                      "a commit after collected writes answered true");
-        store.rollback(&collector);
-        fs::remove(folder + "/filler-of-the-rest");
-        outcome.check(Fresh(file).number("b") == (collected ? 2 : 1), "what a collected write answered");
-        refused += (single ? 0 : 1) + (collected ? 0 : 1);
-
-        fs::remove(filler);
-        outcome.check(store.put("b", 3) && Fresh(file).number("b") == 3, "use when the space is back");
-    }
-    outcome.remark = std::to_string(refused) + " refused for lack of space";
-    outcome.check(refused > 0, "the disk was full at some level");
-    return outcome;
-}
-
-/** Versions of the same size, sooner after each other than the file system can tell. */
-Outcome oftenInASecond(const std::string &file)
-{
-    Outcome outcome;
-    Fresh writer(file);
-    Fresh reader(file);
-    for (int value = 1; value <= 50; ++value)
-        outcome.check(writer.put("a", value) && reader.number("a") == value, "a version was not noticed");
-    return outcome;
 }
 
 /** The file as a mutation of its bytes leaves it. */
@@ -388,76 +212,6 @@ Outcome stoppedWriters(const std::string &folder, int rounds)
     outcome.remark = std::to_string(refused) + " writes refused in time; longest read "
         + std::to_string(static_cast<long>(longest)) + " us";
     return outcome;
-}
-
-Outcome fullMemoryDisks(const std::string &folder, int step)
-{
-    return inOwnMounts([&] {
-        Outcome outcome;
-        if (mount("tmpfs", folder.c_str(), "tmpfs", 0, "size=256k,mode=700") != 0) {
-            outcome.cannotRunHere = "no file system in memory may be mounted";
-            return outcome;
-        }
-        return atEachLevel(folder, step);
-    });
-}
-
-Outcome fullLoopDisks(const std::string &folder, int step)
-{
-    return inOwnMounts([&] {
-        Outcome outcome;
-        const std::string image = folder + "/disk.image";
-        const std::string disk = folder + "/disk";
-        fs::create_directory(disk);
-        std::ofstream(image).close();
-        fs::resize_file(image, 2 * 1024 * 1024);
-        // With small inodes, so that the file system knows whole seconds only.
-        const std::string make = "mkfs.ext4 -q -m 0 -b 1024 -I 128 " + image
-            + " 2>/dev/null && mount -o loop " + image + ' ' + disk + " 2>/dev/null";
-        if (std::system(make.c_str()) != 0) {
-            outcome.cannotRunHere = "no loop device may be mounted";
-            return outcome;
-        }
-        outcome = atEachLevel(disk, step);
-        outcome.add(oftenInASecond(disk + "/settings.db"));
-        umount(disk.c_str());
-        return outcome;
-    });
-}
-
-Outcome noInodes(const std::string &folder)
-{
-    return inOwnMounts([&] {
-        Outcome outcome;
-        if (mount("tmpfs", folder.c_str(), "tmpfs", 0, "size=1m,nr_inodes=40,mode=700") != 0) {
-            outcome.cannotRunHere = "no file system in memory may be mounted";
-            return outcome;
-        }
-        const std::string file = folder + "/settings.db";
-        Fresh store(file);
-        outcome.check(store.put("a", 1), "the first write");
-        int fillers = 0;
-        for (;; ++fillers) {
-            const int filler =
-                ::open((folder + '/' + std::to_string(fillers)).c_str(), O_WRONLY | O_CREAT, 0600);
-            if (filler < 0)
-                break;
-            close(filler);
-        }
-        for (const void *const owner :
-             {static_cast<const void *>(nullptr), static_cast<const void *>(&collector)}) {
-            errno = 0;
-            outcome.check(!store.put("a", 2, owner) && errno == ENOSPC, "no inode counts as a full disk");
-            outcome.check(Fresh(file).number("a") == 1, "the old value stays");
-        }
-        Fresh other(folder + "/other/settings.db");
-        outcome.check(!other.put("a", 2) && errno == ENOSPC,
-                      "no inode for a first file counts as a full disk");
-        while (fillers > 0)
-            fs::remove(folder + '/' + std::to_string(--fillers));
-        outcome.check(store.put("a", 3) && other.put("a", 3), "use when the inodes are back");
-        return outcome;
-    });
 }
 
 Outcome failingDisk(const std::string &folder)

@@ -30,6 +30,12 @@ Outcome fullLoopDisks(const std::string &folder, int step);
 /** A file system without a free inode. */
 Outcome noInodes(const std::string &folder);
 
+/** The same through the engine: false, and the signal flashFull() once for each. */
+Outcome signalsOfFullDisks(const std::string &folder, int step);
+
+/** Versions of the same size, sooner after each other than the file system can tell; every other one is read. */
+Outcome coarseTimes(const std::string &folder);
+
 /** Each call to the system fails once, and from then on, with each of several errors. */
 Outcome failingDisk(const std::string &folder);
 

@@ -53,6 +53,8 @@ void torture(const std::string &folder, double effort)
     show("fill levels, ext4 on a loop device",
          Torture::fullLoopDisks(folder, static_cast<int>(256 / effort)));
     show("no free inode", Torture::noInodes(folder));
+    show("the same through the engine", Torture::signalsOfFullDisks(folder, static_cast<int>(512 / effort)));
+    show("versions within one second", Torture::coarseTimes(folder));
     show("a failing disk, call by call", Torture::failingDisk(folder));
     show("damaged files", Torture::damagedFiles(folder, times(3000)));
     show("odd files", Torture::oddFiles(folder));
