@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Tortures the settings store: killed, stopped and crowding processes, full and failing disks, damaged files.
-# Prints a table of tries and faults and fails on any fault. A few minutes; root sees the loop-mounted disks too.
+# Prints tables of tries, faults and waits, as README has them, and fails on any fault. About four minutes, as root for
+# the loop-mounted disks, on a machine that does nothing else.
 # usage: scripts/torture.sh [EFFORT]     1 when not given; 0.1 for a quick look, 10 for a night
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -8,5 +9,5 @@ source scripts/packages.sh
 
 need_packages "${build_packages[@]}" e2fsprogs
 cmake --preset release >/dev/null
-cmake --build build/release --target torture -- --quiet
+cmake --build build/release --target torture -- --quiet >&2
 exec build/release/tests/torture/torture "${1-1}" build/release

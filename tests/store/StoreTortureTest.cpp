@@ -69,9 +69,8 @@ TEST(StoreCrowdTest, ReadersGetTheirValueAndWritersTheirTurn)
     const Torture::Crowd crowd = Torture::crowd(
         4, 4, 1, [&] { return store.readInteger(name, SettingsStore::Type::Int).has_value(); }, write);
     EXPECT_EQ(crowd.outcome.faults, 0) << crowd.outcome.firstFault;
-    ASSERT_EQ(crowd.rows.size(), 2u);
-    EXPECT_GT(crowd.rows.front().answers, 100 * crowd.rows.back().answers)
-        << "readers do not wait for writers";
+    EXPECT_GT(crowd.writes.answers, 0);
+    EXPECT_GT(crowd.reads.answers, 100 * crowd.writes.answers) << "readers do not wait for writers";
 }
 
 } // namespace

@@ -19,10 +19,12 @@
 #include <random>
 #include <sstream>
 #include <thread>
+#include <utility>
 
 #include <csignal>
 #include <fcntl.h>
 #include <sys/mman.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -76,22 +78,27 @@ std::string bytesOf(const std::string &file)
     return bytes.str();
 }
 
-/** How long answers took, in a memory that processes share. */
+/** How long something took, many times. */
 struct Meter {
     static constexpr int perDoubling = 16;
     std::array<long, 32 * perDoubling> times;
     long answers;
-    long refused;
     double longest;
 
-    void note(double microseconds, bool good)
+    void note(double microseconds)
     {
         const double nanoseconds = std::max(1.0, microseconds * 1000);
         const auto slot = static_cast<std::size_t>(std::log2(nanoseconds) * perDoubling);
         ++times[std::min(slot, times.size() - 1)];
         ++answers;
-        refused += good ? 0 : 1;
         longest = std::max(longest, microseconds);
+    }
+    void add(const Meter &other)
+    {
+        for (std::size_t slot = 0; slot < times.size(); ++slot)
+            times[slot] += other.times[slot];
+        answers += other.answers;
+        longest = std::max(longest, other.longest);
     }
     double median() const
     {
@@ -102,6 +109,61 @@ struct Meter {
                 return std::exp2((static_cast<double>(slot) + 0.5) / perDoubling) / 1000;
         }
         return 0;
+    }
+    Crowd::Row row() const { return {answers, answers > 0 ? median() : 0, longest}; }
+};
+
+/** What a process of the crowd leaves behind, in a memory that all of them share. */
+struct Member {
+    Meter reads;
+    Meter asleep;
+    Meter spinning;
+    Meter writes;
+    long defaults;
+    long refused;
+
+    void write(Clock::time_point end, const std::function<bool(int)> &write)
+    {
+        for (int turn = 0; Clock::now() < end; ++turn) {
+            const auto start = Clock::now();
+            refused += write(turn) ? 0 : 1;
+            writes.note(microsecondsSince(start));
+        }
+    }
+    void read(Clock::time_point end, const std::function<bool()> &read)
+    {
+        for (long sleepsBefore = sleeps(); Clock::now() < end;) {
+            const double processorBefore = processorTime();
+            const auto start = Clock::now();
+            defaults += read() ? 0 : 1;
+            const double took = microsecondsSince(start);
+            const double enough = 2 * processorTime() - processorBefore;
+            reads.note(took);
+            if (took > 1000) {
+                const long now = sleeps();
+                if (std::exchange(sleepsBefore, now) != now)
+                    asleep.note(took);
+            }
+            const auto pause = Clock::now();
+            while (processorTime() < enough) { }
+            spinning.note(microsecondsSince(pause));
+        }
+    }
+
+private:
+    /** Of this thread, in seconds. */
+    static double processorTime()
+    {
+        timespec time = {};
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+        return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
+    }
+    /** How often this process gave the processor up by itself. */
+    static long sleeps()
+    {
+        struct rusage usage = {};
+        getrusage(RUSAGE_SELF, &usage);
+        return usage.ru_nvcsw;
     }
 };
 
@@ -338,46 +400,40 @@ Crowd crowd(int writers, int readers, double seconds, const std::function<bool()
 {
     Crowd crowd;
     const auto count = static_cast<std::size_t>(writers + readers);
-    const std::size_t bytes = count * sizeof(Meter) + sizeof(std::atomic<bool>);
-    void *const shared = mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-    auto *const meters = static_cast<Meter *>(shared);
+    void *const shared =
+        mmap(nullptr, count * sizeof(Member), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+    auto *const members = static_cast<Member *>(shared);
     std::vector<pid_t> children;
     const auto end =
         Clock::now() + std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(seconds));
     for (std::size_t place = 0; place < count; ++place) {
-        const bool writes = static_cast<int>(place) < writers;
         children.push_back(inChild([&] {
-            for (int turn = 0; Clock::now() < end; ++turn) {
-                const auto start = Clock::now();
-                const bool good = writes ? write(turn) : read();
-                meters[place].note(microsecondsSince(start), good);
-            }
+            if (static_cast<int>(place) < writers)
+                members[place].write(end, write);
+            else
+                members[place].read(end, read);
         }));
     }
     for (const pid_t child : children)
         crowd.outcome.check(waitFor(child) == 0, "a process died");
-    for (const bool writes : {false, true}) {
-        Meter all = {};
-        for (std::size_t place = 0; place < count; ++place) {
-            if ((static_cast<int>(place) < writers) != writes)
-                continue;
-            const Meter &meter = meters[place];
-            for (std::size_t slot = 0; slot < all.times.size(); ++slot)
-                all.times[slot] += meter.times[slot];
-            all.answers += meter.answers;
-            all.refused += meter.refused;
-            all.longest = std::max(all.longest, meter.longest);
-        }
-        if (all.answers == 0)
-            continue;
-        crowd.rows.push_back({std::to_string(writes ? writers : readers) + (writes ? " writers" : " readers"),
-                              all.answers, all.median(), all.longest});
-        crowd.outcome.tries += all.answers;
-        crowd.outcome.faults += all.refused;
-        if (all.refused > 0)
-            crowd.outcome.firstFault = writes ? "a write was refused" : "a read gave the default";
+    Member all = {};
+    for (std::size_t place = 0; place < count; ++place) {
+        all.reads.add(members[place].reads);
+        all.asleep.add(members[place].asleep);
+        all.spinning.add(members[place].spinning);
+        all.writes.add(members[place].writes);
+        all.defaults += members[place].defaults;
+        all.refused += members[place].refused;
     }
-    munmap(shared, bytes);
+    munmap(shared, count * sizeof(Member));
+    crowd.reads = all.reads.row();
+    crowd.asleep = all.asleep.row();
+    crowd.spinning = all.spinning.row();
+    crowd.writes = all.writes.row();
+    crowd.outcome.tries += crowd.reads.answers + crowd.writes.answers;
+    crowd.outcome.faults += all.defaults + all.refused;
+    if (all.defaults + all.refused > 0)
+        crowd.outcome.firstFault = all.defaults > 0 ? "a read gave the default" : "a write was refused";
     return crowd;
 }
 

@@ -48,15 +48,22 @@ Outcome oddFiles(const std::string &folder);
 struct Crowd {
     Outcome outcome;
     struct Row {
-        std::string who;
         long answers = 0;
         double median = 0; ///< microseconds
         double longest = 0;
     };
-    std::vector<Row> rows;
+    Row reads;
+    Row asleep;   ///< those of the reads that waited for anything but a processor
+    Row spinning; ///< what the readers did in between: nothing, for as much of a processor as the read had
+    Row writes;
 };
 
-/** Processes that read and write without pause. @p read says whether it got a value. */
+/**
+ * Processes that read and write without pause. @p read says whether it got a value.
+ *
+ * So many processes keep each other from the processor. What the readers do between their reads shows for how long,
+ * at the same time and in the same processes.
+ */
 Crowd crowd(int writers, int readers, double seconds, const std::function<bool()> &read,
             const std::function<bool(int)> &write);
 

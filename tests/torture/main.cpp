@@ -1,63 +1,86 @@
-// Tortures the settings store and prints a table of tries and faults. Fails on any fault.
+// Tortures the settings store and prints tables of what it did and saw. Fails on any fault.
 #include "Torture.h"
 
 #include "PHONE_ENG_Setup.h"
 #include "SimulatedPhone.h"
 
 #include <QCoreApplication>
+#include <QLocale>
 #include <QTemporaryDir>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <string>
 
 namespace {
 
 bool faultless = true;
 
-void show(const char *what, const Torture::Outcome &outcome)
+std::string number(long value)
 {
-    if (!outcome.cannotRunHere.empty()) {
-        std::printf("%-34s %10s %8s  left out: %s\n", what, "-", "-", outcome.cannotRunHere.c_str());
-        return;
-    }
-    faultless = faultless && outcome.faults == 0;
-    std::printf("%-34s %10ld %8ld  %s%s\n", what, outcome.tries, outcome.faults, outcome.firstFault.c_str(),
-                outcome.firstFault.empty() ? outcome.remark.c_str() : " FAILED");
+    return QLocale(QLocale::English).toString(qlonglong{value}).toStdString(); // a comma between thousands
+}
+
+std::string number(double value, const char *unit)
+{
+    char text[32] = {};
+    std::snprintf(text, sizeof text, "%.1f %s", value, unit);
+    return text;
+}
+
+void row(const std::string &what, const std::string &first, const std::string &second,
+         const std::string &third)
+{
+    std::printf("| %-58s | %11s | %8s | %s |\n", what.c_str(), first.c_str(), second.c_str(), third.c_str());
     std::fflush(stdout);
 }
 
-void show(const Torture::Crowd &crowd)
+void heading(const char *what, const char *first, const char *second, const char *third)
 {
-    for (const auto &row : crowd.rows)
-        std::printf("    %-30s %10ld %8s  median %.1f us, longest %.1f ms\n", row.who.c_str(), row.answers,
-                    "", row.median, row.longest / 1000);
+    std::printf("\n");
+    row(what, first, second, third);
+    row("---", "---", "---", "---");
 }
 
-void holds(const char *what, double value, double limit)
+void show(const char *what, const Torture::Outcome &outcome)
+{
+    if (!outcome.cannotRunHere.empty())
+        return row(what, "-", "-", "left out: " + outcome.cannotRunHere);
+    faultless = faultless && outcome.faults == 0;
+    row(what, number(outcome.tries), number(outcome.faults),
+        outcome.faults == 0 ? outcome.remark : "FAILED: " + outcome.firstFault);
+}
+
+void show(const char *what, const Torture::Crowd::Row &answers)
+{
+    row(what, number(answers.answers), number(answers.median, "us"), number(answers.longest / 1000, "ms"));
+}
+
+void holds(const char *what, double value, double limit, const char *unit)
 {
     const bool held = value <= limit;
     faultless = faultless && held;
-    std::printf("    %-41s %8.2f  (at most %.2f) %s\n", what, value, limit, held ? "" : "EXCEEDED");
+    row(what, number(value, unit), number(limit, unit), held ? "yes" : "NO");
 }
 
 /** @param effort 1 for a few minutes */
 void torture(const std::string &folder, double effort)
 {
     const auto times = [effort](int count) { return static_cast<int>(count * effort) + 1; };
-    std::printf("%-34s %10s %8s\n", "what was done", "tries", "faults");
-    show("killed writers", Torture::killedWriters(folder, times(2000)));
-    show("stopped writers", Torture::stoppedWriters(folder, times(500)));
-    show("fill levels, in memory", Torture::fullMemoryDisks(folder, static_cast<int>(128 / effort)));
-    show("fill levels, ext4 on a loop device",
-         Torture::fullLoopDisks(folder, static_cast<int>(256 / effort)));
+    const auto step = [effort](int bytes) { return std::max(1, static_cast<int>(bytes / effort)); };
+    heading("what was done", "tries", "faults", "seen besides");
+    show("writers killed at any moment", Torture::killedWriters(folder, times(2000)));
+    show("writers stopped at any moment", Torture::stoppedWriters(folder, times(500)));
+    show("levels of fill, file system in memory", Torture::fullMemoryDisks(folder, step(128)));
+    show("levels of fill, ext4 on a loop device", Torture::fullLoopDisks(folder, step(256)));
     show("no free inode", Torture::noInodes(folder));
-    show("the same through the engine", Torture::signalsOfFullDisks(folder, static_cast<int>(512 / effort)));
-    show("versions within one second", Torture::coarseTimes(folder));
-    show("a failing disk, call by call", Torture::failingDisk(folder));
+    show("full disks through the engine, flashFull() counted",
+         Torture::signalsOfFullDisks(folder, step(512)));
+    show("each call to the system fails, with four errors", Torture::failingDisk(folder));
+    show("versions within a second, where seconds are counted", Torture::coarseTimes(folder));
     show("damaged files", Torture::damagedFiles(folder, times(3000)));
-    show("odd files", Torture::oddFiles(folder));
+    show("pipes, folders, links and devices in the file's place", Torture::oddFiles(folder));
 
     PHONE_ENG_Setup &engine = *PHONE_ENG_Setup::instance();
     SimulatedPhone::instance().settings().setFile(QString::fromStdString(folder + "/crowd.db"));
@@ -66,26 +89,25 @@ void torture(const std::string &folder, double effort)
     const auto write = [&engine](int turn) { return engine.setAudibleTimer(turn); };
     engine.setReminder(false);
     engine.setAudibleTimer(0);
-    const auto quiet = Torture::crowd(0, 1, 2, read, write);
-    show("a quiet reader", quiet.outcome);
-    show(quiet);
-    // What the processors alone make a process wait when so many want them.
-    const auto spin = [end = std::chrono::nanoseconds(600)] {
-        for (const auto start = std::chrono::steady_clock::now();
-             std::chrono::steady_clock::now() - start < end;) { }
-        return true;
-    };
-    const auto idle = Torture::crowd(8, 8, 30 * effort, spin, write);
-    show("8 writers, 8 that only spin", idle.outcome);
-    show(idle);
-    const auto loud = Torture::crowd(8, 8, 30 * effort, read, write);
-    show("8 writers and 8 readers", loud.outcome);
-    show(loud);
-    holds("median read against a quiet one", loud.rows.front().median / quiet.rows.front().median, 3);
-    holds("longest read, in ms", loud.rows.front().longest / 1000,
-          std::max(50.0, idle.rows.front().longest / 500));
-    holds("longest wait of a writer, in ms", loud.rows.back().longest / 1000, 5000);
-    show("soak", Torture::soak(folder, 60 * effort));
+    const double seconds = 30 * effort;
+    const Torture::Crowd quiet = Torture::crowd(0, 1, 2, read, write);
+    show("a reader by itself, through the engine", quiet.outcome);
+    const Torture::Crowd crowd = Torture::crowd(8, 8, seconds, read, write);
+    show(("8 writers and 8 readers without pause, " + number(seconds, "s")).c_str(), crowd.outcome);
+    show(("everything at once, " + number(2 * seconds, "s")).c_str(), Torture::soak(folder, 2 * seconds));
+
+    heading("in the crowd", "answers", "median", "longest");
+    show("reads of a reader by itself", quiet.reads);
+    show("reads of 8 readers", crowd.reads);
+    show("those that waited for more than a processor", crowd.asleep);
+    show("the readers' pauses, which need a processor only", crowd.spinning);
+    show("writes of 8 writers", crowd.writes);
+
+    heading("limit", "measured", "at most", "held");
+    holds("median read of 8 readers", crowd.reads.median, 3 * quiet.reads.median, "us");
+    holds("longest read: 50 ms, or twice the longest pause", crowd.reads.longest / 1000,
+          std::max(50.0, crowd.spinning.longest / 500), "ms");
+    holds("longest wait of a writer", crowd.writes.longest / 1000, 5000, "ms");
 }
 
 } // namespace
