@@ -3,12 +3,12 @@
 
 #include "CallSetupWorker.h"
 
+#include <QEventLoop>
 #include <QFile>
 #include <QLocale>
 #include <QTemporaryDir>
 
 #include <algorithm>
-#include <fstream>
 #include <thread>
 
 namespace {
@@ -22,16 +22,6 @@ auto withPhone(Use use)
     return future.result();
 }
 
-/** The time in nanoseconds, less that in which this thread was ready to run and had to wait for a processor. */
-qint64 ownTime()
-{
-    const auto now = std::chrono::steady_clock::now().time_since_epoch();
-    qint64 running = 0;
-    qint64 waiting = 0;
-    std::ifstream("/proc/thread-self/schedstat") >> running >> waiting;
-    return std::chrono::nanoseconds(now).count() - waiting;
-}
-
 QString settingsFile()
 {
     static const QTemporaryDir folder;
@@ -39,12 +29,6 @@ QString settingsFile()
 }
 
 } // namespace
-
-Desk::Desk()
-{
-    m_turn.setInterval(1);
-    connect(&m_turn, &QTimer::timeout, this, &Desk::noteTurn);
-}
 
 void Desk::reset()
 {
@@ -162,25 +146,12 @@ void Desk::speak(const QString &language)
     QLocale::setDefault(QLocale(language));
 }
 
-void Desk::watchEventLoop()
+int Desk::longestGap(int milliseconds)
 {
-    m_lastTurn = ownTime();
-    m_longestGap = 0;
-    m_turn.start();
-}
-
-int Desk::longestGap()
-{
-    m_turn.stop();
-    noteTurn();
-    return static_cast<int>(m_longestGap / 1'000'000);
-}
-
-void Desk::noteTurn()
-{
-    const qint64 now = ownTime();
-    m_longestGap = std::max(m_longestGap, now - m_lastTurn);
-    m_lastTurn = now;
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+    loop.exec();
+    return static_cast<int>(m_watch.longestGap().count());
 }
 
 const ScriptedAnswer *Desk::answerer(std::string_view function)

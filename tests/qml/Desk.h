@@ -1,11 +1,11 @@
 // The phone on the desk as tests see it: what it is asked, what it answers, and how long it takes.
 #pragma once
 
+#include "EventLoopWatch.h"
 #include "SimulatedPhone.h"
 
 #include <QObject>
 #include <QStringList>
-#include <QTimer>
 
 #include <condition_variable>
 #include <map>
@@ -17,8 +17,6 @@ class Desk : public QObject {
     Q_OBJECT
 
 public:
-    Desk();
-
     /** A new phone with empty settings; nothing is held, delayed or scripted. Waits until the worker has nothing to do. */
     Q_INVOKABLE void reset();
 
@@ -44,12 +42,9 @@ public:
 
     Q_INVOKABLE void speak(const QString &language);
 
-    /**
-     * The longest time between two turns of the event loop since the watch began, in milliseconds. Time in which the
-     * thread could have run while the machine ran something else does not count.
-     */
-    Q_INVOKABLE void watchEventLoop();
-    Q_INVOKABLE int longestGap();
+    Q_INVOKABLE void watchEventLoop() { m_watch.start(); }
+    /** Lets the event loop turn for a while. Its longest gap since the watch began, in milliseconds. */
+    Q_INVOKABLE int longestGap(int milliseconds);
 
 private:
     struct Answer {
@@ -58,7 +53,6 @@ private:
     };
 
     const ScriptedAnswer *answerer(std::string_view function);
-    void noteTurn();
 
     std::mutex m_mutex;
     std::condition_variable m_change;
@@ -68,7 +62,5 @@ private:
     int m_waiting = 0;
     int m_delay = 0;
 
-    QTimer m_turn;
-    qint64 m_lastTurn = 0; ///< nanoseconds
-    qint64 m_longestGap = 0;
+    EventLoopWatch m_watch;
 };
