@@ -7,6 +7,20 @@
 
 namespace Ofono {
 
+namespace {
+
+/** Most values are texts, and to try for one costs less than to ask what it is. */
+bool skipValue(sd_bus_message *message)
+{
+    if (sd_bus_message_enter_container(message, SD_BUS_TYPE_VARIANT, "s") <= 0)
+        return sd_bus_message_skip(message, "v") >= 0;
+    const char *text = nullptr;
+    return sd_bus_message_read_basic(message, SD_BUS_TYPE_STRING, &text) > 0
+        && sd_bus_message_exit_container(message) >= 0;
+}
+
+} // namespace
+
 void Unreference::operator()(sd_bus_message *message) const
 {
     sd_bus_message_unref(message);
@@ -38,7 +52,7 @@ bool Properties::find(const char *name, const char *type, Read read) const
                 || sd_bus_message_exit_container(message) < 0)
                 return false;
             good = true;
-        } else if (sd_bus_message_skip(message, "v") < 0) {
+        } else if (!skipValue(message)) {
             return false;
         }
         if (sd_bus_message_exit_container(message) < 0)
