@@ -64,18 +64,16 @@ const Product &Product::instance()
 {
     static const Product product = [] {
         Product read;
-        const char *const named = std::getenv("KVQ_PRODUCT");
-        const std::string path = named && *named ? named : defaultFile;
-        if (path != defaultFile || std::ifstream(path).good())
-            read.read(path);
+        if (!read.readNamed() && std::ifstream(defaultFile).good())
+            read.read(defaultFile);
         return read;
     }();
     return product;
 }
 
 Product::Product()
-    : m_missingFeatures(std::begin(featuresOfTwoLines), std::end(featuresOfTwoLines))
-    , m_databaseFeatures{operatorNames}
+    : missingFeatures(std::begin(featuresOfTwoLines), std::end(featuresOfTwoLines))
+    , databaseFeatures{operatorNames}
 {
 }
 
@@ -107,10 +105,19 @@ bool Product::read(const std::string &path)
     return true;
 }
 
+bool Product::readNamed()
+{
+    const char *const named = std::getenv("KVQ_PRODUCT");
+    if (!named || !*named)
+        return false;
+    read(named);
+    return true;
+}
+
 std::optional<bool> Product::flexBit(unsigned short id) const
 {
-    const auto bit = m_flexBits.find(id);
-    return bit == m_flexBits.end() ? std::nullopt : std::optional(bit->second);
+    const auto bit = flexBits.find(id);
+    return bit == flexBits.end() ? std::nullopt : std::optional(bit->second);
 }
 
 /** False when the key cannot stand in that section. */
@@ -119,18 +126,18 @@ bool Product::set(const std::string &section, const std::string &key, bool value
     if (section == "[input-methods]") {
         const QUuid method = QUuid::fromString(QString::fromStdString(key));
         if (!method.isNull())
-            include(m_inputMethods, method, value);
+            include(inputMethods, method, value);
         return !method.isNull();
     }
     const auto id = parsedId(key);
     if (!id)
         return false;
     if (section == "[features]")
-        include(m_missingFeatures, *id, !value);
+        include(missingFeatures, *id, !value);
     else if (section == "[flex-bits]")
-        m_flexBits[*id] = value;
+        flexBits[*id] = value;
     else if (section == "[feature-database]")
-        include(m_databaseFeatures, *id, value);
+        include(databaseFeatures, *id, value);
     else
         return false;
     return true;

@@ -17,8 +17,7 @@ namespace Handset {
  * What it does not name is as in that description, and so is everything when there is no such file. A line that
  * says nothing sensible is reported on standard error with its number and has no effect.
  */
-class Product {
-public:
+struct Product {
     /** The product of this phone, read once. */
     static const Product &instance();
 
@@ -26,20 +25,22 @@ public:
 
     /** Reads a file over what is known. False, with the reason told, when it cannot be read. */
     bool read(const std::string &path);
+    /** Reads the file that KVQ_PRODUCT names. False when it names none. */
+    bool readNamed();
 
-    bool hasFeature(unsigned short id) const { return m_missingFeatures.count(id) == 0; }
+    bool hasFeature(unsigned short id) const { return missingFeatures.count(id) == 0; }
     /** Nothing when the product does not know the bit. */
     std::optional<bool> flexBit(unsigned short id) const;
-    bool hasDatabaseFeature(unsigned short id) const { return m_databaseFeatures.count(id) != 0; }
-    bool hasInputMethod(const QUuid &method) const { return m_inputMethods.count(method) != 0; }
+    bool hasDatabaseFeature(unsigned short id) const { return databaseFeatures.count(id) != 0; }
+    bool hasInputMethod(const QUuid &method) const { return inputMethods.count(method) != 0; }
+
+    std::set<unsigned short> missingFeatures;
+    std::set<unsigned short> databaseFeatures;
+    std::map<unsigned short, bool> flexBits;
+    std::set<QUuid> inputMethods;
 
 private:
     bool set(const std::string &section, const std::string &key, bool value);
-
-    std::set<unsigned short> m_missingFeatures;
-    std::set<unsigned short> m_databaseFeatures;
-    std::map<unsigned short, bool> m_flexBits;
-    std::set<QUuid> m_inputMethods;
 };
 
 } // namespace Handset

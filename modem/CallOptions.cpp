@@ -55,11 +55,11 @@ Answer ownId(Modem &modem, Session &, const Command &command)
 {
     constexpr int temporaryShown = 4;
     if (command.form == Form::Read)
-        return Answer::line("+CLIR: " + std::to_string(Simulator::callerIdRestriction(modem.phone.product))
+        return Answer::line("+CLIR: " + std::to_string(Simulator::callerIdRestriction(modem.phone.services))
                             + ',' + std::to_string(temporaryShown));
     const auto restriction = command.number(0);
     if (command.form != Form::Set || !restriction
-        || Simulator::setCallerIdRestriction(modem.phone.product,
+        || Simulator::setCallerIdRestriction(modem.phone.services,
                                              static_cast<_TAPI_CALL_RESTRICT_ID_E>(*restriction))
             != TAPI_RESULT_SUCC)
         return Answer::error(Cme::IncorrectParameters);

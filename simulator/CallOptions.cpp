@@ -77,7 +77,9 @@ int TAPI_FTRDB_GetAvailability(unsigned short featureId)
 {
     return platformCall(
         "TAPI_FTRDB_GetAvailability", {},
-        [=](PhoneState &phone) { return static_cast<int>(phone.product.databaseFeatures.count(featureId)); },
+        [=](PhoneState &) {
+            return SimulatedPhone::instance().product().hasDatabaseFeature(featureId) ? 1 : 0;
+        },
         featureId);
 }
 
@@ -86,8 +88,8 @@ _TAPI_RESULT_E TAPI_FTRDB_GetState(unsigned short featureId, TAPI_DB_FEATURE_SET
     return platformCall(
         "TAPI_FTRDB_GetState", {Out(setting)},
         [=](PhoneState &phone) {
-            const auto found = phone.product.featureSettings.find(featureId);
-            *setting = found == phone.product.featureSettings.end() ? 0 : found->second;
+            const auto found = phone.services.featureSettings.find(featureId);
+            *setting = found == phone.services.featureSettings.end() ? 0 : found->second;
             return TAPI_RESULT_SUCC;
         },
         featureId);
@@ -107,7 +109,7 @@ _TAPI_RESULT_E TAPI_CS_SetRestrictId(_TAPI_CALL_RESTRICT_ID_E id)
 {
     return platformCall(
         "TAPI_CS_SetRestrictId", {},
-        [id](PhoneState &phone) { return Simulator::setCallerIdRestriction(phone.product, id); }, id);
+        [id](PhoneState &phone) { return Simulator::setCallerIdRestriction(phone.services, id); }, id);
 }
 
 _TAPI_RESULT_E TAPI_CS_GetRestrictNextCallID(unsigned char *id)

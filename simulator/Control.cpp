@@ -106,24 +106,24 @@ public:
 
     void setFeature(unsigned short feature, bool offered) override
     {
-        change([=](PhoneState &phone) {
-            if (offered)
-                phone.product.missingFeatures.erase(feature);
-            else
-                phone.product.missingFeatures.insert(feature);
-        });
+        const std::lock_guard lock(m_phone.mutex());
+        if (offered)
+            m_phone.product().missingFeatures.erase(feature);
+        else
+            m_phone.product().missingFeatures.insert(feature);
     }
 
     std::vector<unsigned short> missingFeatures() override
     {
         const std::lock_guard lock(m_phone.mutex());
-        const auto &missing = m_phone.state().product.missingFeatures;
+        const auto &missing = m_phone.product().missingFeatures;
         return {missing.begin(), missing.end()};
     }
 
     void setLanguage(int language) override
     {
-        change([language](PhoneState &phone) { phone.product.language = language; });
+        const std::lock_guard lock(m_phone.mutex());
+        m_phone.setLanguage(language);
     }
 
     void setSettingsFile(const std::string &file) override

@@ -134,9 +134,9 @@ std::vector<SimulatedPhoneControl::Fact> facts(const SimulatedPhone &phone)
     add("shared caller id", number(shared.restrictId) + ", next call " + number(shared.restrictNextId));
     add("shared hyphenation", number(shared.dialHyphenation));
 
-    for (const unsigned short feature : state.product.missingFeatures)
+    for (const unsigned short feature : phone.product().missingFeatures)
         add("missing feature", number(feature));
-    add("language", number(state.product.language));
+    add("language", number(phone.language()));
     for (const auto &[function, answer] : phone.scripts())
         add(function, answerFact(answer));
     for (const auto &[function, delay] : phone.delays())

@@ -107,7 +107,7 @@ bool SETUP_Utility::isFeatureAvailable(unsigned short featureId)
 {
     return platformCall(
         "SETUP_Utility::isFeatureAvailable", {},
-        [featureId](PhoneState &phone) { return phone.product.missingFeatures.count(featureId) == 0; },
+        [featureId](PhoneState &) { return SimulatedPhone::instance().product().hasFeature(featureId); },
         featureId);
 }
 
@@ -115,12 +115,10 @@ bool SETUP_Utility::getFlexBit(unsigned short flexBitId, bool &value)
 {
     return platformCall(
         "SETUP_Utility::getFlexBit", {Out(&value)},
-        [&](PhoneState &phone) {
-            const auto bit = phone.product.flexBits.find(flexBitId);
-            if (bit == phone.product.flexBits.end())
-                return false;
-            value = bit->second;
-            return true;
+        [&](PhoneState &) {
+            const auto bit = SimulatedPhone::instance().product().flexBit(flexBitId);
+            value = bit.value_or(value);
+            return bit.has_value();
         },
         flexBitId, value);
 }
@@ -129,9 +127,6 @@ bool ZKbConfig::isInputModeSupported(const QUuid &inputMode)
 {
     return platformCall(
         "ZKbConfig::isInputModeSupported", {},
-        [&](PhoneState &phone) {
-            const auto &methods = phone.product.inputMethods;
-            return std::find(methods.begin(), methods.end(), inputMode) != methods.end();
-        },
+        [&](PhoneState &) { return SimulatedPhone::instance().product().hasInputMethod(inputMode); },
         inputMode.toString());
 }

@@ -107,9 +107,10 @@ int UTIL_GetIncomingCallStatus()
 int UTIL_Language::getSystemLanguageId()
 {
     return platformCall("UTIL_Language::getSystemLanguageId", {},
-                        [](PhoneState &phone) { return phone.product.language; });
+                        [](PhoneState &) { return SimulatedPhone::instance().language(); });
 }
 
+/** Broadcasts stay in the journal: on a session bus they would tell the user's own programs of a phone that is none. */
 bool QCopChannel::send(const QByteArray &channel, const QByteArray &message)
 {
     return platformCall(

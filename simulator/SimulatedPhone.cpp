@@ -1,6 +1,7 @@
 // The simulated phone itself: journal, scripts, link, and how calls are described.
 #include "SimulatedPhone.h"
 
+#include "Language.h"
 #include "PlatformCall.h"
 
 #include <thread>
@@ -28,7 +29,26 @@ struct SimulatedPhone::Link {
     std::array<int, 2> ends = {-1, -1};
 };
 
-SimulatedPhone::SimulatedPhone() = default;
+namespace {
+
+const Handset::Product &product()
+{
+    static const Handset::Product product = [] {
+        Handset::Product complete;
+        complete.missingFeatures.clear();
+        complete.readNamed();
+        return complete;
+    }();
+    return product;
+}
+
+} // namespace
+
+SimulatedPhone::SimulatedPhone()
+    : m_product(::product())
+{
+}
+
 SimulatedPhone::~SimulatedPhone() = default;
 
 SimulatedPhone &SimulatedPhone::instance()
@@ -41,12 +61,19 @@ SimulatedPhone &SimulatedPhone::instance()
 void SimulatedPhone::reset()
 {
     m_state = {};
+    m_product = ::product();
+    m_language.reset();
     m_link.reset();
     m_journal.clear();
     m_scripts.clear();
     m_delays.clear();
     m_delayed = false;
     m_answerer = nullptr;
+}
+
+int SimulatedPhone::language() const
+{
+    return m_language.value_or(Handset::systemLanguage());
 }
 
 void SimulatedPhone::note(std::string entry)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "PhoneState.h"
+#include "Product.h"
 #include "SettingsStore.h"
 #include "SimulatedPhoneControl.h"
 
@@ -11,6 +12,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,6 +36,12 @@ public:
     PhoneState &state() { return m_state; }
     const PhoneState &state() const { return m_state; }
     SettingsStore &settings() { return m_settings; }
+    /** Lacks nothing but what the file says that KVQ_PRODUCT names. */
+    Handset::Product &product() { return m_product; }
+    const Handset::Product &product() const { return m_product; }
+    /** The language of this process, until one is set. */
+    int language() const;
+    void setLanguage(int language) { m_language = language; }
 
     /** @name The journal: every platform call with its arguments, in order
      * @{ */
@@ -97,6 +105,8 @@ private:
     std::recursive_mutex m_mutex;
     PhoneState m_state;
     SettingsStore m_settings;
+    Handset::Product m_product;
+    std::optional<int> m_language;
     std::unique_ptr<Link> m_link;
     std::atomic<bool> m_journalEnabled = false;
     std::atomic<bool> m_observed = false;

@@ -189,10 +189,10 @@ TEST_F(CallForwardingTest, IndicatorFollowsTheFeaturesOfTheProduct)
     for (unsigned int lacking = 0; lacking < std::size(rows); ++lacking) {
         const auto &[asked, status] = rows[lacking];
         std::string expected = refreshed + flagsAsked;
-        state().product.missingFeatures.clear();
+        phone.product().missingFeatures.clear();
         for (int n = 0; n < 4; ++n) {
             if ((lacking >> n & 1) != 0)
-                state().product.missingFeatures.insert(features[n]);
+                phone.product().missingFeatures.insert(features[n]);
             if (n < asked)
                 expected += " SETUP_Utility::isFeatureAvailable(" + std::to_string(features[n]) + ")";
         }
@@ -221,7 +221,7 @@ TEST_F(CallForwardingTest, IndicatorWithoutAnswerShowsNothingOrStays)
               refreshed + flagsAsked + " UTIL_SetCPHSCallForwardStatus(0)" + update + " ~SETUP_Utility()");
     state().shared.simPinBattery = 1;
     EXPECT_EQ(refresh(), refreshed + " UTIL_GetSIMPinBatteryStatus() ~SETUP_Utility()");
-    state().product.missingFeatures = {2040};
+    phone.product().missingFeatures = {2040};
     EXPECT_EQ(refresh(), refreshed + R"( "Not CPHS phone. Update GNB status!" ~SETUP_Utility())");
     EXPECT_EQ(locations(), std::set{"utility/PHONE_ENG_Setup getCallForwardingFlag"s});
 }

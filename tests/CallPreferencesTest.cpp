@@ -135,7 +135,7 @@ TEST_F(CallPreferencesTest, HyphenationIsPublishedWhenReadOrStored)
 
 TEST_F(CallPreferencesTest, AProductWithoutHyphenationSaysSoAndTouchesNothing)
 {
-    state().product.missingFeatures = {266};
+    phone.product().missingFeatures = {266};
     auto mode = PHONE_SETUP_HYPHENATION_DEFAULT;
     EXPECT_FALSE(setup().getHyphenation(mode));
     EXPECT_EQ(mode, PHONE_SETUP_HYPHENATION_NOT_SUPPORTED);
@@ -149,7 +149,7 @@ TEST_F(CallPreferencesTest, TheHearingAidBitIsIndependentOfTheSetting)
     EXPECT_TRUE(setup().isHACEnabled()) << "a product that does not know the bit";
     EXPECT_EQ(events(),
               (Events{"SETUP_Utility()", "SETUP_Utility::getFlexBit(408, true)", "~SETUP_Utility()"}));
-    state().product.flexBits[408] = false;
+    phone.product().flexBits[408] = false;
     setup().setHAC(true);
     EXPECT_FALSE(setup().isHACEnabled());
     EXPECT_TRUE(setup().isHACOn());
@@ -158,7 +158,7 @@ TEST_F(CallPreferencesTest, TheHearingAidBitIsIndependentOfTheSetting)
 TEST_F(CallPreferencesTest, InputMethodsAreThePlatformsAnswer)
 {
     const QUuid known(QStringLiteral("{01234567-89ab-cdef-0123-456789abcdef}"));
-    state().product.inputMethods = {known};
+    phone.product().inputMethods = {known};
     EXPECT_TRUE(setup().isSupportedInputMethod(known));
     EXPECT_FALSE(setup().isSupportedInputMethod(QUuid()));
     EXPECT_EQ(calls().front(),

@@ -100,7 +100,7 @@ TEST_F(LinesTest, LockIsOneByteOfTheSim)
     EXPECT_EQ(lockStatus(), "0:" + feature + asked + " ~SETUP_Utility()") << "the result, not the status";
     answer("TAPI_CPHS_GetLineLockStatus", failure, {"\xc8"});
     EXPECT_EQ(lockStatus(), "77:" + feature + asked + " ~SETUP_Utility()");
-    state().product.missingFeatures = {2258};
+    phone.product().missingFeatures = {2258};
     EXPECT_EQ(lockStatus(), "0:" + feature + " ~SETUP_Utility()");
 }
 
@@ -121,7 +121,7 @@ TEST_F(LinesTest, HotKeysStopAtTheFirstThatFails)
     for (const auto &[index, missing, voiceMail, available, asked] : rows) {
         state().shared.phoneLine = index;
         state().shared.cphsVoiceMail = voiceMail;
-        state().product.missingFeatures = missing;
+        phone.product().missingFeatures = missing;
         std::string expected = available + " SETUP_Utility() UTIL_GetPhoneLine()";
         for (const int id : asked)
             expected += id == 0 ? " UTIL_GetCphsVMStatus()"

@@ -65,7 +65,7 @@ TEST_F(PreferredNetworksTest, ListIsReadInTheLanguageOfThePhone)
     _TAPI_NETWORK_PREFERRED_S list = {};
     state().network.preferred = {{1, "00102"}, {4, "00101"}};
     for (const int language : {0, 19, 20, 21, 22, 23}) {
-        state().product.language = language;
+        phone.setLanguage(language);
         const bool second = language == 20 || language == 22;
         EXPECT_TRUE(network().getPreferredNetworks(&list));
         EXPECT_EQ(Unicode2QStr(list.entries[1].name, 25).toStdString(), second ? "测试移动" : "Test Mobile");

@@ -83,7 +83,7 @@ TEST_F(ScanningTest, NamesComeInTheLanguageOfThePhone)
     _TAPI_PLMN_INFO_STRUCT_S names[2] = {{"00103", {}}, {"00101", {}}};
     state().network.networks[1].id = "12345678901";
     for (const int language : {0, 19, 20, 21, 22, 23}) {
-        state().product.language = language;
+        phone.setLanguage(language);
         const bool second = language == 20 || language == 22;
         QString shortName, longName;
         EXPECT_TRUE(network().getNetworkName(QStringLiteral("12345678901"), shortName, longName));
@@ -135,7 +135,7 @@ TEST_F(ScanningTest, MyListScreenIsMissingOnlyWhenTheSimHasBothFeatures)
         {{2037, 2144}, R"( "eonsAvail = 1\n" "oplAvail = 1\n")"},
     };
     for (const auto &[features, log] : rows) {
-        state().product.databaseFeatures = features;
+        phone.product().databaseFeatures = features;
         EXPECT_EQ(network().myListScreenIsAvailable(), features.size() < 2);
         EXPECT_EQ(journal(), calls + log);
     }

@@ -25,20 +25,20 @@ _TAPI_RESULT_E selectLine(ServiceState &services, signed char index)
     return TAPI_RESULT_SUCC;
 }
 
-_TAPI_RESULT_E setCallerIdRestriction(ProductState &product, _TAPI_CALL_RESTRICT_ID_E id)
+_TAPI_RESULT_E setCallerIdRestriction(ServiceState &services, _TAPI_CALL_RESTRICT_ID_E id)
 {
     const auto setting = std::find(restrictionBySetting.begin(), restrictionBySetting.end(), id);
     if (setting == restrictionBySetting.end())
         return TAPI_RESULT_INVALID_PARAM;
-    product.featureSettings[callerIdFeature] =
+    services.featureSettings[callerIdFeature] =
         static_cast<unsigned char>(setting - restrictionBySetting.begin());
     return TAPI_RESULT_SUCC;
 }
 
-_TAPI_CALL_RESTRICT_ID_E callerIdRestriction(const ProductState &product)
+_TAPI_CALL_RESTRICT_ID_E callerIdRestriction(const ServiceState &services)
 {
-    const auto found = product.featureSettings.find(callerIdFeature);
-    if (found == product.featureSettings.end() || found->second >= restrictionBySetting.size())
+    const auto found = services.featureSettings.find(callerIdFeature);
+    if (found == services.featureSettings.end() || found->second >= restrictionBySetting.size())
         return TAPI_CALL_RESTRICT_ID_NETWORK;
     return restrictionBySetting[found->second];
 }

@@ -8,10 +8,10 @@ namespace Simulator {
 /** Selects a line by its index. A locked line cannot be left. */
 _TAPI_RESULT_E selectLine(ServiceState &services, signed char index);
 
-/** @name The caller-id restriction, which the product's feature database keeps
+/** @name The caller-id restriction, which the feature database keeps
  * @{ */
-_TAPI_RESULT_E setCallerIdRestriction(ProductState &product, _TAPI_CALL_RESTRICT_ID_E id);
-_TAPI_CALL_RESTRICT_ID_E callerIdRestriction(const ProductState &product);
+_TAPI_RESULT_E setCallerIdRestriction(ServiceState &services, _TAPI_CALL_RESTRICT_ID_E id);
+_TAPI_CALL_RESTRICT_ID_E callerIdRestriction(const ServiceState &services);
 /** @} */
 
 } // namespace Simulator

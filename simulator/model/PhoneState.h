@@ -1,4 +1,4 @@
-// What the simulated phone knows: its product, modem, SIM, network and shared state.
+// What the simulated phone knows: its modem, SIM, network and shared state.
 #pragma once
 
 #include "TAPI_ACCE.h"
@@ -8,26 +8,17 @@
 #include "TAPI_SECURITY.h"
 
 #include <QString>
-#include <QUuid>
 
 #include <array>
 #include <map>
-#include <set>
 #include <string>
 #include <tuple>
 #include <vector>
 
-/** What the product offers. */
-struct ProductState {
-    std::set<unsigned short> missingFeatures; ///< every other feature is there
-    std::map<unsigned short, bool> flexBits;  ///< every other bit is unknown
-    std::set<unsigned short> databaseFeatures = {2037};
-    std::map<unsigned short, unsigned char> featureSettings;
-    std::vector<QUuid> inputMethods;
-    int language = 0;
-};
-
-/** The shared phone state behind the UTIL_ functions. */
+/**
+ * The shared phone state behind the UTIL_ functions. Each simulated phone has its own: one that all processes share would
+ * tell of the card, the line and the calls of another phone.
+ */
 struct SharedState {
     int dialHyphenation = 0;
     int chargeType = -1;
@@ -109,6 +100,8 @@ struct ServiceState {
     unsigned char dropTone = 0;
     unsigned char fixedDialing = 0;
     unsigned char fixedDialingAvailable = 1;
+
+    std::map<unsigned short, unsigned char> featureSettings; ///< of the feature database; 0 for every other
 };
 
 /** A PIN of the card with its PUK and what is left of their tries. */
@@ -180,7 +173,6 @@ struct NetworkState {
 };
 
 struct PhoneState {
-    ProductState product;
     SharedState shared;
     CallState calls;
     DeviceState device;

@@ -125,7 +125,7 @@ void Desk::endCall(int callId)
 void Desk::lackFeature(int feature)
 {
     withPhone([feature](SimulatedPhone &phone) {
-        phone.state().product.missingFeatures.insert(static_cast<unsigned short>(feature));
+        phone.product().missingFeatures.insert(static_cast<unsigned short>(feature));
         return true;
     });
 }
