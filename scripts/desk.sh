@@ -2,7 +2,8 @@
 # The desk: a private bus, the simulated modem and the real telephony daemon, for as long as a command runs.
 #
 #   scripts/desk.sh run [--online] [--modem PROGRAM] [--script FILE] -- COMMAND...
-#       Starts all three in a folder of their own, runs COMMAND and ends them, also when it fails or is interrupted.
+#       Starts all three in a folder of their own, runs COMMAND and ends them, also when it fails or is interrupted,
+#       and within two seconds when this script itself is killed.
 #       --online powers the modem and waits until it is registered. PROGRAM is kvq-modem (default: $KVQ_MODEM_PROGRAM,
 #       then the one of the newest build below build/). FILE holds commands for the modem's prompt.
 #       Exit status: the command's; 70 when the desk could not be set up.
@@ -27,7 +28,6 @@
 set -euo pipefail
 
 readonly deadline=150 # tenths of a second
-running=""
 
 fail() {
     echo "desk: $*" >&2
@@ -163,6 +163,7 @@ run() {
     trap clear_away EXIT
     trap 'exit 130' INT
     trap 'exit 143' TERM HUP
+    watch_over_this_script
     start_bus
     start_modem
     start_daemon
@@ -170,19 +171,33 @@ run() {
     # In the background, so that a signal to this script is heard at once; with the terminal and Ctrl-C as ever.
     local status=0
     env --default-signal=INT,QUIT "$@" <&0 &
-    running=$!
-    wait "$running" || status=$?
-    running=""
+    echo $! >"$KVQ_DESK/command.pid"
+    wait $! || status=$?
+    rm "$KVQ_DESK/command.pid"
     exit "$status"
 }
 
 clear_away() {
     local name
-    [[ -z $running ]] || kill "$running" 2>/dev/null || true
-    for name in daemon modem bus; do
+    for name in command daemon modem bus; do
         end $name
     done
     rm -rf "$KVQ_DESK"
+    [[ -z ${watcher-} ]] || kill -KILL "$watcher"
+}
+
+# Nobody can trap SIGKILL, so somebody else clears away when this script is gone without having done it.
+watch_over_this_script() {
+    (
+        trap '' INT TERM HUP
+        tail --pid=$$ -f /dev/null
+        for name in command daemon modem bus; do
+            pid=$(cat "$KVQ_DESK/$name.pid") && kill -KILL "$pid"
+        done
+        rm -rf "$KVQ_DESK"
+    ) </dev/null >/dev/null 2>&1 &
+    watcher=$!
+    disown
 }
 
 command=${1-}
