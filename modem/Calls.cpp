@@ -107,6 +107,7 @@ Answer dial(Modem &modem, Session &, const Command &command)
         return Answer::error(Cme::OperationNotAllowed);
     modem.callDetails[callId] = {};
     modem.callDetails[callId].serial = modem.nextSerial();
+    remindOfForwarding(modem);
     followDialledCall(modem, callId);
     return Answer::ok();
 }

@@ -6,6 +6,7 @@
 #include "Networks.h"
 
 #include <algorithm>
+#include <array>
 
 namespace AtModem {
 
@@ -87,7 +88,7 @@ void forwardLater(Modem &modem, unsigned char callId)
 
 } // namespace
 
-IncomingCall ring(Modem &modem, const std::string &number, bool withheld)
+IncomingCall ring(Modem &modem, const std::string &number, bool withheld, bool wasForwarded)
 {
     using Outcome = IncomingCall::Outcome;
     if (const Forwarding *const all = forwarding(modem, TAPI_CS_DIVERT_UNCONDITIONAL))
@@ -104,6 +105,8 @@ IncomingCall ring(Modem &modem, const std::string &number, bool withheld)
         return goesOn(forwarding(modem, TAPI_CS_DIVERT_BUSY), Outcome::Busy);
     modem.callDetails[callId] = {modem.nextSerial(), false, withheld, false};
     announceCall(modem, callId, modem.callDetails[callId].serial);
+    if (wasForwarded)
+        modem.tell("+CSSU: 0", &Preferences::incomingNotifications);
     forwardLater(modem, callId);
     return {Outcome::Rings, callId, {}};
 }
@@ -125,12 +128,28 @@ bool remoteHangsUp(Modem &modem, unsigned char callId)
     return true;
 }
 
-bool remoteHolds(Modem &modem, unsigned char callId, bool onHold)
+bool remoteActs(Modem &modem, unsigned char callId, std::string_view act)
 {
+    struct RemoteAct {
+        std::string_view name;
+        _TAPI_CALL_STATE_E state; ///< in which it can happen
+        const char *line;
+        bool Preferences::*wanted;
+    };
+    static constexpr std::array<RemoteAct, 6> acts = {{
+        {"hold", TAPI_CALL_STATE_ACTIVE, "+CSSU: 2", &Preferences::incomingNotifications},
+        {"resume", TAPI_CALL_STATE_ACTIVE, "+CSSU: 3", &Preferences::incomingNotifications},
+        {"join", TAPI_CALL_STATE_ACTIVE, "+CSSU: 4", &Preferences::incomingNotifications},
+        {"forward", TAPI_CALL_STATE_DIALLING, "+CSSI: 2", &Preferences::outgoingNotifications},
+        {"wait", TAPI_CALL_STATE_DIALLING, "+CSSI: 3", &Preferences::outgoingNotifications},
+        {"bar", TAPI_CALL_STATE_DIALLING, "+CSSI: 6", &Preferences::outgoingNotifications},
+    }};
     const _TAPI_CALL_SESSION_S *const call = find(modem, callId);
-    if (!call || call->state != TAPI_CALL_STATE_ACTIVE)
+    const auto found =
+        std::find_if(acts.begin(), acts.end(), [act](const RemoteAct &one) { return one.name == act; });
+    if (!call || found == acts.end() || call->state != found->state)
         return false;
-    modem.tell(onHold ? "+CSSU: 2" : "+CSSU: 3", &Preferences::incomingNotifications);
+    modem.tell(found->line, found->wanted);
     return true;
 }
 
@@ -192,6 +211,15 @@ void announceCard(Modem &modem)
 void notify(Modem &modem, const std::string &text)
 {
     modem.tell("+CUSD: 0,\"" + text + "\",15", &Preferences::serviceData);
+}
+
+void remindOfForwarding(Modem &modem)
+{
+    if (forwarding(modem, TAPI_CS_DIVERT_UNCONDITIONAL))
+        modem.tell("+CSSI: 0", &Preferences::outgoingNotifications);
+    else if (forwarding(modem, TAPI_CS_DIVERT_BUSY) || forwarding(modem, TAPI_CS_DIVERT_NO_REPLY)
+             || forwarding(modem, TAPI_CS_DIVERT_NOT_REACHABLE))
+        modem.tell("+CSSI: 1", &Preferences::outgoingNotifications);
 }
 
 void followDialledCall(Modem &modem, unsigned char callId)

@@ -3,6 +3,8 @@
 
 #include "Modem.h"
 
+#include <string_view>
+
 namespace AtModem {
 
 /** What became of a call that somebody makes to the phone. */
@@ -13,14 +15,18 @@ struct IncomingCall {
     std::string forwardedTo;
 };
 
-/** Somebody calls the phone; the network forwards what it was told to forward. */
-IncomingCall ring(Modem &modem, const std::string &number, bool withheld);
+/**
+ * Somebody calls the phone; the network forwards what it was told to forward.
+ * @param wasForwarded the caller has called another phone
+ */
+IncomingCall ring(Modem &modem, const std::string &number, bool withheld, bool wasForwarded = false);
 
 /** @name The other side of a call
  * @{ */
 bool remoteAnswers(Modem &modem, unsigned char callId);
 bool remoteHangsUp(Modem &modem, unsigned char callId);
-bool remoteHolds(Modem &modem, unsigned char callId, bool onHold);
+/** What the network tells of the other side: "hold" and the like. Nothing comes of it but that it is told. */
+bool remoteActs(Modem &modem, unsigned char callId, std::string_view act);
 /** @} */
 
 /** False when there is no such network. */
@@ -37,6 +43,9 @@ void announceCard(Modem &modem);
 
 /** The network sends a text that nobody asked for. */
 void notify(Modem &modem, const std::string &text);
+
+/** Tells who dials that calls to this phone are forwarded, if they are. */
+void remindOfForwarding(Modem &modem);
 
 /** Follows a call that was dialled until the other side's phone rings. */
 void followDialledCall(Modem &modem, unsigned char callId);

@@ -98,13 +98,18 @@ Reply onCall(Modem &modem, const Words &words, bool (*act)(Modem &, unsigned cha
 
 Reply ringPhone(Modem &modem, const Words &words)
 {
-    const bool withheld = words.size() > 2 && words[2] == "withheld";
+    const auto has = [&words](const char *word) {
+        return std::find(words.begin() + 2, words.end(), word) != words.end();
+    };
+    const bool withheld = has("withheld");
+    const bool wasForwarded = has("forwarded");
     constexpr std::size_t maxLength = 43;
     const std::string &number = words[1];
-    if ((words.size() > 2 && !withheld) || number.empty() || number.size() > maxLength
+    const auto options = static_cast<std::size_t>(withheld) + static_cast<std::size_t>(wasForwarded);
+    if (words.size() - 2 != options || number.empty() || number.size() > maxLength
         || number.find_first_not_of("+0123456789*#") != std::string::npos)
-        return mistake("expected a number of at most 43 digits");
-    const IncomingCall call = ring(modem, number, withheld);
+        return mistake("expected a number of at most 43 digits, withheld, forwarded");
+    const IncomingCall call = ring(modem, number, withheld, wasForwarded);
     switch (call.outcome) {
     case IncomingCall::Outcome::Rings:
         return said("call " + std::to_string(call.callId) + " rings");
@@ -119,12 +124,10 @@ Reply ringPhone(Modem &modem, const Words &words)
 
 Reply remoteCommand(Modem &modem, const Words &words)
 {
-    const bool onHold = words[1] == "hold";
-    if (!onHold && words[1] != "resume")
-        return mistake("expected hold or resume");
     const auto callId = callOf(modem, Words(words.begin() + 1, words.end()));
-    if (!callId || !remoteHolds(modem, *callId, onHold))
-        return mistake("there is no such active call");
+    if (!callId || !remoteActs(modem, *callId, words[1]))
+        return mistake(
+            "expected hold, resume or join with an active call, forward, wait or bar with a dialled one");
     return {};
 }
 
@@ -336,7 +339,7 @@ struct PromptCommand {
 };
 
 constexpr std::array<PromptCommand, 18> commands = {{
-    {".ring", "NUMBER [withheld]", "A call comes in.", 1, 2, ringPhone},
+    {".ring", "NUMBER [withheld] [forwarded]", "A call comes in.", 1, 3, ringPhone},
     {".answer", "[CALL]", "The other side answers a call that was dialled.", 0, 1,
      [](Modem &modem, const Words &words) {
          return onCall(modem, words, remoteAnswers, "no such call is being dialled");
@@ -345,7 +348,8 @@ constexpr std::array<PromptCommand, 18> commands = {{
      [](Modem &modem, const Words &words) {
          return onCall(modem, words, remoteHangsUp, "there is no such call");
      }},
-    {".remote", "hold|resume [CALL]", "The other side puts a call on hold or takes it back.", 1, 2,
+    {".remote", "ACT [CALL]",
+     "The other side does hold, resume, join; with a call that is dialled forward, wait, bar.", 1, 2,
      remoteCommand},
     {".answer-after", "MS|off", "The other side answers by itself, some time after its phone rings.", 1, 1,
      answerAfter},

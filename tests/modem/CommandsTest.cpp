@@ -114,6 +114,29 @@ TEST_F(CommandsTest, AnIncomingCallRingsUntilItIsAnsweredOrGone)
     EXPECT_EQ(takeOutput(), "");
 }
 
+TEST_F(CommandsTest, TellsWhatServicesDoToACall)
+{
+    EXPECT_EQ(ask("AT+CCFC=1,3,\"10\",129,1;D555;"), "OK") << "nobody wants to be told";
+    EXPECT_TRUE(remoteActs(modem, 1, "forward"));
+    EXPECT_EQ(takeOutput(), "");
+    EXPECT_EQ(ask("AT+CHUP;+CSSN=1,1"), "OK");
+    EXPECT_EQ(ask("ATD555;"), "+CSSI: 1|OK");
+    for (const char *const act : {"forward", "wait", "bar"})
+        EXPECT_TRUE(remoteActs(modem, 1, act)) << act;
+    EXPECT_EQ(takeOutput(), "+CSSI: 2|+CSSI: 3|+CSSI: 6");
+    EXPECT_FALSE(remoteActs(modem, 1, "hold")) << "nobody has answered";
+    EXPECT_TRUE(remoteAnswers(modem, 1));
+    for (const char *const act : {"hold", "resume", "join"})
+        EXPECT_TRUE(remoteActs(modem, 1, act)) << act;
+    EXPECT_EQ(takeOutput(), "+CSSU: 2|+CSSU: 3|+CSSU: 4");
+    EXPECT_FALSE(remoteActs(modem, 1, "forward"));
+    EXPECT_FALSE(remoteActs(modem, 2, "hold"));
+    EXPECT_EQ(ask("AT+CHUP;+CCFC=0,3,\"40\",129,1;D555;"), "+CSSI: 0|OK");
+    EXPECT_EQ(ask("AT+CHUP;+CCFC=4,4"), "OK");
+    ring(modem, "777", false, true);
+    EXPECT_EQ(takeOutput(), "RING|+CSSU: 0");
+}
+
 TEST_F(CommandsTest, TheNetworkForwardsWhatItWasToldTo)
 {
     using Outcome = IncomingCall::Outcome;

@@ -40,6 +40,10 @@ expect "Mode variant auto" properties NetworkRegistration
 expect "State variant incoming" ask /phone org.ofono.VoiceCallManager.GetCalls
 ask /phone/voicecall01 org.ofono.VoiceCall.Answer >/dev/null
 expect "State variant active" ask /phone org.ofono.VoiceCallManager.GetCalls
+"$desk" tell .remote hold
+expect "RemoteHeld variant boolean true" ask /phone org.ofono.VoiceCallManager.GetCalls
+"$desk" tell .remote join
+expect "RemoteMultiparty variant boolean true" ask /phone org.ofono.VoiceCallManager.GetCalls
 "$desk" tell .hangup >/dev/null
 expect "array [ ]" ask /phone org.ofono.VoiceCallManager.GetCalls
 
