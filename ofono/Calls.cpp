@@ -79,9 +79,4 @@ unsigned int Calls::count(_TAPI_CALL_STATE_E state) const
         m_calls.begin(), m_calls.end(), [state](const Call &call) { return call.state == state; }));
 }
 
-bool Calls::hasWaiting() const
-{
-    return std::any_of(m_calls.begin(), m_calls.end(), [](const Call &call) { return call.waits; });
-}
-
 } // namespace Ofono

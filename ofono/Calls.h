@@ -31,7 +31,6 @@ public:
     /** Null when there is no such call. */
     const Call *find(unsigned char id) const;
     unsigned int count(_TAPI_CALL_STATE_E state) const;
-    bool hasWaiting() const;
 
 private:
     std::vector<Call> m_calls;

@@ -70,13 +70,13 @@ bool oneActiveOneHeld(const Call &first, const Call &second)
 }
 
 /**
- * Swaps the active and the held party, and waits until the daemon has seen it. With a call waiting the same request
- * would answer that call.
+ * Swaps the active and the held party, and waits until the daemon has seen it. With a call that rings the same request
+ * would answer that call, and with one that is dialled it is anybody's guess what a network does.
  */
 _TAPI_RESULT_E swap(const Calls &calls, const Call &call, _TAPI_CALL_STATE_E wanted)
 {
-    if (calls.hasWaiting() || !areOneParty(calls, TAPI_CALL_STATE_ACTIVE)
-        || !areOneParty(calls, TAPI_CALL_STATE_HELD))
+    if (calls.count(TAPI_CALL_STATE_RINGING) != 0 || calls.count(TAPI_CALL_STATE_DIALLING) != 0
+        || !areOneParty(calls, TAPI_CALL_STATE_ACTIVE) || !areOneParty(calls, TAPI_CALL_STATE_HELD))
         return TAPI_RESULT_FAIL;
     const _TAPI_RESULT_E result = manageCalls("SwapCalls");
     if (result != TAPI_RESULT_SUCC)
