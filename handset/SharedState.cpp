@@ -17,7 +17,7 @@ namespace Handset {
 namespace {
 
 /** Changes whenever the layout does. */
-constexpr std::uint32_t layoutMark = 0x4B565101;
+constexpr std::uint32_t layoutMark = 0x4B565102;
 
 /** Closes the descriptor when it goes. */
 class Descriptor {

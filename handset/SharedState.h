@@ -9,9 +9,11 @@ namespace Handset {
 
 /** A call that some program has seen, for counting the time of calls. */
 struct SeenCall {
-    std::atomic<std::int64_t> key;  ///< its start and its id in one; 0 for a free place
-    std::atomic<std::int64_t> from; ///< second from which it counts
-    std::atomic<std::int64_t> to;   ///< second in which it was seen last
+    std::atomic<std::int64_t> key;     ///< its start and its id in one; 0 for a free place
+    std::atomic<std::int64_t> from;    ///< second from which it counts
+    std::atomic<std::int64_t> to;      ///< second in which it was seen last
+    std::atomic<std::int64_t> seen;    ///< the look that has seen it last
+    std::atomic<std::int64_t> counted; ///< the look that has added it to the total; 0 while it lasts
 };
 
 /**
@@ -31,10 +33,11 @@ struct SharedState {
     std::atomic<std::int32_t> cardType;
     std::atomic<std::int32_t> activeAccount;
     std::int32_t reserved;
+    std::atomic<std::int64_t> looks; ///< how often a program has looked at the calls
     std::array<SeenCall, 8> seenCalls;
 };
 static_assert(std::atomic<std::int64_t>::is_always_lock_free);
-static_assert(sizeof(SharedState) == 240);
+static_assert(sizeof(SharedState) == 376);
 
 /**
  * The state of this user: the file `kvq/phone-state` in XDG_RUNTIME_DIR, which only the user may read and which

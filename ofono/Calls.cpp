@@ -41,6 +41,7 @@ unsigned char callIdOf(std::string_view path)
 
 _TAPI_RESULT_E Calls::read(Deadline deadline)
 {
+    const std::int64_t begun = CallTimes::beginLook();
     Answer answer;
     const _TAPI_RESULT_E result =
         Daemon::instance().request({voiceCallManager, "GetCalls", {}, deadline}, answer);
@@ -62,7 +63,7 @@ _TAPI_RESULT_E Calls::read(Deadline deadline)
         call.startTime = properties.text("StartTime").value_or("");
         m_calls.push_back(std::move(call));
     });
-    CallTimes::see(m_calls);
+    CallTimes::see(m_calls, begun);
     return TAPI_RESULT_SUCC;
 }
 

@@ -1,5 +1,6 @@
 // What the phone itself keeps.
 #include "PhoneSettings.h"
+#include "Daemon.h"
 
 #include "SettingsStore.h"
 
@@ -7,22 +8,19 @@
 
 #include <QString>
 
-#include <mutex>
-
 namespace Ofono::PhoneSettings {
 
 namespace {
 
-/** The phone's own connection to the user's settings, for telephony may be asked on any thread. */
-struct Store {
-    std::mutex mutex;
-    SettingsStore settings;
-};
-
-Store &store()
+/** The phone's own connection to the user's settings. A write must not take longer than the daemon's answers do. */
+SettingsStore &store()
 {
     // Never destroyed: an application may use the engine until the process is gone.
-    static auto *const store = new Store;
+    static auto *const store = [] {
+        auto *const made = new SettingsStore;
+        made->setBusyTimeout(static_cast<int>(Daemon::lengthOf(Deadline::AtHand).count()));
+        return made;
+    }();
     return *store;
 }
 
@@ -38,19 +36,22 @@ _TAPI_RESULT_E resultOf(bool written)
 
 } // namespace
 
+std::string file()
+{
+    return store().file().toStdString();
+}
+
 int read(const char *key, int defaultValue)
 {
-    const std::scoped_lock lock(store().mutex);
     return store()
-        .settings.readInteger(nameOf(QString::fromLatin1(key)), SettingsStore::Type::Int)
+        .readInteger(nameOf(QString::fromLatin1(key)), SettingsStore::Type::Int)
         .value_or(defaultValue);
 }
 
 _TAPI_RESULT_E write(const char *key, int value)
 {
-    const std::scoped_lock lock(store().mutex);
-    return resultOf(store().settings.writeInteger(nameOf(QString::fromLatin1(key)), SettingsStore::Type::Int,
-                                                  value, nullptr));
+    return resultOf(
+        store().writeInteger(nameOf(QString::fromLatin1(key)), SettingsStore::Type::Int, value, nullptr));
 }
 
 _TAPI_RESULT_E readByte(const char *key, unsigned char *value)
@@ -61,18 +62,13 @@ _TAPI_RESULT_E readByte(const char *key, unsigned char *value)
 
 std::u16string readText(const std::string &key)
 {
-    const std::scoped_lock lock(store().mutex);
-    return store()
-        .settings.readText(nameOf(QString::fromStdString(key)))
-        .value_or(QString())
-        .toStdU16String();
+    return store().readText(nameOf(QString::fromStdString(key))).value_or(QString()).toStdU16String();
 }
 
 _TAPI_RESULT_E writeText(const std::string &key, const std::u16string &value)
 {
-    const std::scoped_lock lock(store().mutex);
-    return resultOf(store().settings.writeText(nameOf(QString::fromStdString(key)),
-                                               QString::fromStdU16String(value), nullptr));
+    return resultOf(
+        store().writeText(nameOf(QString::fromStdString(key)), QString::fromStdU16String(value), nullptr));
 }
 
 } // namespace Ofono::PhoneSettings

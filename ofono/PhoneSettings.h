@@ -7,6 +7,9 @@
 
 namespace Ofono::PhoneSettings {
 
+/** The file that all this stands in. */
+std::string file();
+
 int read(const char *key, int defaultValue);
 _TAPI_RESULT_E write(const char *key, int value);
 

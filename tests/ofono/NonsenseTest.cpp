@@ -3,13 +3,17 @@
 #include "FakeDaemon.h"
 
 #include <array>
+#include <atomic>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
 #include <random>
 #include <vector>
 
+#include <sys/wait.h>
 #include <systemd/sd-bus.h>
+#include <unistd.h>
 
 using Desk::text;
 
@@ -363,6 +367,55 @@ TEST_F(NonsenseOnOfono, DoesNoHarm)
     setup().getCLIR(id); // may still believe in a modem that was none
     EXPECT_EQ(setup().getCLIR(id), TAPI_RESULT_SUCC);
     EXPECT_EQ(id, TAPI_CALL_RESTRICT_ID_INVOKE);
+}
+
+/** Calls end, and many programs notice it at the same time: each call is added to the total, and once. */
+TEST_F(PlentyOnOfono, AddsTheTimeOfEachCallOnce)
+{
+    const std::time_t anHourAgo = std::time(nullptr) - 3600;
+    std::atomic<bool> lasting = true;
+    const FakeDaemon daemon([&](sd_bus_message *call) {
+        sd_bus_message *message = nullptr;
+        sd_bus_message_new_method_return(call, &message);
+        const std::string_view method = sd_bus_message_get_member(call);
+        if (method == "GetModems") {
+            sd_bus_message_append(message, "a(oa{sv})", 1, "/phone", 1, "Powered", "b", 1);
+        } else if (method == "GetCalls") {
+            sd_bus_message_open_container(message, 'a', "(oa{sv})");
+            for (int id = 1; lasting && id <= 7; ++id) {
+                std::array<char, 32> start = {};
+                const std::time_t begun = anHourAgo - id * 3600;
+                std::strftime(start.data(), start.size(), "%Y-%m-%dT%H:%M:%S+0000", std::gmtime(&begun));
+                sd_bus_message_append(message, "(oa{sv})", ("/phone/voicecall0" + std::to_string(id)).c_str(),
+                                      2, "State", "s", id == 1 ? "active" : "held", "StartTime", "s",
+                                      start.data());
+            }
+            sd_bus_message_close_container(message);
+        } else {
+            sd_bus_message_append(message, "a{sv}", 1, "Present", "b", 1);
+        }
+        return message;
+    });
+    PHONE_ENG_TAPI_initiation();
+    const QString before = setup().getTotalCallTime();
+    EXPECT_GE(before.section(QLatin1Char(':'), 0, 0).toInt(), 2 + 3 + 4 + 5 + 6 + 7 + 8);
+    lasting = false;
+    std::vector<pid_t> programs;
+    for (int program = 0; program < 16; ++program) {
+        const pid_t child = fork();
+        if (child == 0) {
+            PHONE_ENG_TAPI_initiation();
+            setup().getTotalCallTime();
+            _exit(setup().getTotalCallTime() == before ? 0 : 1);
+        }
+        programs.push_back(child);
+    }
+    for (const pid_t child : programs) {
+        int status = -1;
+        EXPECT_EQ(waitpid(child, &status, 0), child);
+        EXPECT_EQ(status, 0);
+    }
+    EXPECT_EQ(setup().getTotalCallTime(), before);
 }
 
 /** Ten thousand of everything: what has room is filled, and nothing behind it. */
