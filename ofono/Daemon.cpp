@@ -2,6 +2,7 @@
 #include "Daemon.h"
 #include "Interfaces.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -220,6 +221,27 @@ Properties Answer::forwardingRules() const
     return Properties(message);
 }
 
+namespace {
+
+thread_local steady_clock::time_point latestEnd = steady_clock::time_point::max();
+
+} // namespace
+
+OneDeadline::OneDeadline()
+    : m_before(std::exchange(latestEnd, endOf(Deadline::Network)))
+{
+}
+
+OneDeadline::~OneDeadline()
+{
+    latestEnd = m_before;
+}
+
+steady_clock::time_point OneDeadline::endOf(Deadline deadline)
+{
+    return std::min(steady_clock::now() + Daemon::lengthOf(deadline), latestEnd);
+}
+
 Daemon &Daemon::instance()
 {
     static Daemon daemon;
@@ -382,7 +404,7 @@ void Daemon::leaveToParent() noexcept
 /** Chooses the modem, asks it, and looks for the reason when nothing is there that could answer. */
 _TAPI_RESULT_E Daemon::perform(const Request &request, bool waits, Message &answer)
 {
-    const Time end = steady_clock::now() + lengthOf(request.deadline);
+    const Time end = OneDeadline::endOf(request.deadline);
     std::string path;
     const _TAPI_RESULT_E chosen = chooseModem(path, end);
     if (chosen != TAPI_RESULT_SUCC)

@@ -128,6 +128,7 @@ _TAPI_RESULT_E TAPI_CS_DivertCallToNumber(unsigned char enable, unsigned char se
     // What is no proper service string would go to the network as a text, and might never be answered.
     if (enable == enabled && !isPhoneNumber(target, mostDigits))
         return TAPI_RESULT_INVALID_PARAM;
+    const OneDeadline deadline;
     for (const ServiceClass &oneClass : serviceClasses) {
         if ((serviceClass & oneClass.bit) == 0)
             continue;

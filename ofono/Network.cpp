@@ -80,14 +80,14 @@ std::string networkIdOf(const void *field, std::size_t size)
 /** Accepted is not yet registered: what became of it stands in the operator's status. */
 _TAPI_RESULT_E registerWith(const std::string &id)
 {
+    const OneDeadline deadline;
     const std::string object = "/operator/" + id;
-    const auto start = std::chrono::steady_clock::now();
     const _TAPI_RESULT_E result =
         Daemon::instance().request({networkOperator, "Register", {}, Deadline::Network, object});
     if (result != TAPI_RESULT_SUCC)
         return result;
-    const auto left = Daemon::lengthOf(Deadline::Network)
-        - std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start);
+    const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
+        OneDeadline::endOf(Deadline::Network) - std::chrono::steady_clock::now());
     const bool done = Daemon::waitUntil(
         [&] {
             std::vector<Operator> operators;

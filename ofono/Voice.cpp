@@ -38,6 +38,7 @@ _TAPI_RESULT_E actOn(const Call &call, const char *method, std::vector<Argument>
 template <typename Action>
 _TAPI_RESULT_E withCall(unsigned char callId, Action action)
 {
+    const OneDeadline deadline;
     Calls calls;
     const _TAPI_RESULT_E result = calls.read(Deadline::Network);
     if (result != TAPI_RESULT_SUCC)
