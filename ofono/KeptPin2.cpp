@@ -1,18 +1,23 @@
 // A verified PIN2 in locked memory.
 #include "KeptPin2.h"
 
+#include <csignal>
+#include <cstdint>
 #include <cstring>
+#include <ctime>
 #include <new>
+#include <system_error>
 
 #include <pthread.h>
 #include <sys/mman.h>
+#include <sys/timerfd.h>
 #include <unistd.h>
 
 namespace Ofono {
 
 namespace {
 
-constexpr std::chrono::seconds keptFor(60);
+constexpr long keptFor = 60; // seconds
 
 std::size_t pageSize()
 {
@@ -32,6 +37,21 @@ char *lockedPage()
     return nullptr;
 }
 
+/** A minute goes on while the phone sleeps. */
+long now()
+{
+    timespec time = {};
+    clock_gettime(CLOCK_BOOTTIME, &time);
+    return time.tv_sec;
+}
+
+void setTimer(int timer, long second)
+{
+    itimerspec time = {};
+    time.it_value.tv_sec = second;
+    timerfd_settime(timer, TFD_TIMER_ABSTIME, &time, nullptr);
+}
+
 } // namespace
 
 KeptPin2 &KeptPin2::instance()
@@ -43,25 +63,31 @@ KeptPin2 &KeptPin2::instance()
 KeptPin2::KeptPin2()
     : m_page(lockedPage())
 {
-    pthread_atfork(nullptr, nullptr, [] { new (&instance().m_mutex) std::recursive_mutex; });
+    pthread_atfork(nullptr, nullptr, [] { instance().leaveToParent(); });
 }
 
 KeptPin2::~KeptPin2()
 {
-    if (!m_page)
-        return;
+    if (m_watcher.joinable()) {
+        m_stopped = true;
+        setTimer(m_timer, 1); // long ago, so at once
+        m_watcher.join();
+        close(m_timer);
+    }
     erase();
-    munmap(m_page, pageSize());
+    if (m_page)
+        munmap(m_page, pageSize());
 }
 
 void KeptPin2::keep(std::string_view pin2)
 {
     const std::scoped_lock lock(m_mutex);
-    if (!m_page || pin2.size() >= pageSize())
-        return;
     erase();
+    if (!m_page || pin2.size() >= pageSize() || !startWatch())
+        return;
     std::memcpy(m_page, pin2.data(), pin2.size());
-    m_end = std::chrono::steady_clock::now() + keptFor;
+    m_end = now() + keptFor;
+    setTimer(m_timer, m_end);
 }
 
 void KeptPin2::wipe()
@@ -72,15 +98,56 @@ void KeptPin2::wipe()
 
 bool KeptPin2::isKept()
 {
-    const std::scoped_lock lock(m_mutex);
-    return isFresh();
+    const std::unique_lock lock(m_mutex, std::try_to_lock); // one that is being used is as good as gone
+    return lock && isFresh();
+}
+
+/** False when the system has no thread or timer left. */
+bool KeptPin2::startWatch()
+{
+    if (m_watcher.joinable())
+        return true;
+    m_timer = timerfd_create(CLOCK_BOOTTIME, TFD_CLOEXEC);
+    if (m_timer < 0)
+        return false;
+    sigset_t all;
+    sigset_t before;
+    sigfillset(&all);
+    pthread_sigmask(SIG_SETMASK, &all, &before); // signals are for the threads of the application
+    try {
+        m_watcher = std::thread([this] { watch(); });
+    } catch (const std::system_error &) {
+        close(m_timer);
+    }
+    pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    return m_watcher.joinable();
+}
+
+void KeptPin2::watch()
+{
+    std::uint64_t expirations = 0;
+    while (read(m_timer, &expirations, sizeof expirations) == sizeof expirations && !m_stopped) {
+        // Whoever holds the lock now uses the PIN2, wipes it or keeps another one.
+        if (const std::unique_lock lock(m_mutex, std::try_to_lock); lock)
+            isFresh();
+    }
+}
+
+/** In a forked child, where the page is empty and only this thread lives on. */
+void KeptPin2::leaveToParent() noexcept
+{
+    new (&m_mutex) std::mutex;
+    if (!m_watcher.joinable())
+        return;
+    new (&m_watcher) std::thread;
+    close(m_timer);
 }
 
 bool KeptPin2::isFresh()
 {
     if (!m_page || m_page[0] == '\0')
         return false;
-    if (std::chrono::steady_clock::now() < m_end)
+    if (now() < m_end)
         return true;
     erase();
     return false;

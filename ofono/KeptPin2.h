@@ -1,17 +1,18 @@
-// A verified PIN2, kept for the requests that need it.
+// A verified PIN2, kept for the request that needs it.
 #pragma once
 
-#include <chrono>
+#include <atomic>
 #include <mutex>
-#include <string>
 #include <string_view>
+#include <thread>
 
 namespace Ofono {
 
 /**
  * The requests that change the meter carry no PIN2, the daemon wants one with each. So the PIN2 that was verified last
- * is kept for a minute: in a page of its own that is never swapped out, never in a core file and empty in a forked
- * child. It is wiped when the minute is over and somebody looks, after any failure, and at exit.
+ * is kept for the next of them, a minute at most: in a page of its own that is never swapped out, never in a core file
+ * and empty in a forked child. It is wiped after its use, by a thread when the minute is over, after any failure, and
+ * at exit.
  */
 class KeptPin2 {
 public:
@@ -21,27 +22,39 @@ public:
     void wipe();
     bool isKept();
 
-    /** Calls @p use with the PIN2. False when none is kept. */
+    /** Calls @p use with the PIN2 and wipes it, whatever comes of it. False when none is kept. */
     template <typename Use>
     bool with(Use use)
     {
         const std::scoped_lock lock(m_mutex);
         if (!isFresh())
             return false;
+        const Wipe afterwards{*this};
         use(static_cast<const char *>(m_page));
         return true;
     }
 
 private:
+    struct Wipe {
+        KeptPin2 &kept;
+        ~Wipe() { kept.erase(); }
+    };
+
     KeptPin2();
     ~KeptPin2();
 
+    bool startWatch();
+    void watch();
+    void leaveToParent() noexcept;
     bool isFresh();
     void erase();
 
-    std::recursive_mutex m_mutex; ///< a failed use wipes it
-    char *m_page;                 ///< null when no page could be locked: then nothing is kept
-    std::chrono::steady_clock::time_point m_end;
+    std::mutex m_mutex; ///< held as long as a PIN2 is used
+    char *m_page;       ///< null when no page could be locked: then nothing is kept
+    long m_end = 0;     ///< second since the phone was switched on, its sleep included
+    int m_timer = -1;
+    std::thread m_watcher;
+    std::atomic<bool> m_stopped = false;
 };
 
 } // namespace Ofono

@@ -79,22 +79,24 @@ _TAPI_RESULT_E writeWithPin2(const char *name, const Value &value, const char *p
         {callMeter, "SetProperty", {Value(name), {value, true}, Value(pin2)}, Deadline::Network, {}, true});
 }
 
-/**
- * A change that needs the PIN2, with the one that was verified last. Whatever fails, the PIN2 must be verified again
- * before the next one.
- */
+/** Passes a failure on; after it the PIN2 is not kept for another try. */
+_TAPI_RESULT_E failedBeforeUse(_TAPI_RESULT_E result)
+{
+    KeptPin2::instance().wipe();
+    return result;
+}
+
+/** A change that needs the PIN2, with the one that was verified last. The next change needs it verified again. */
 template <typename Change>
 _TAPI_RESULT_E withKeptPin2(Change change)
 {
     Properties card;
     const _TAPI_RESULT_E read = Card::read(card);
     if (read != TAPI_RESULT_SUCC)
-        return read;
+        return failedBeforeUse(read);
     const Card::Before before = Card::before(card, "pin2");
     _TAPI_RESULT_E result = TAPI_RESULT_PIN2_NEEDED;
-    const bool kept = KeptPin2::instance().with([&](const char *pin2) { result = change(pin2); });
-    if (kept && result != TAPI_RESULT_SUCC)
-        KeptPin2::instance().wipe();
+    KeptPin2::instance().with([&](const char *pin2) { result = change(pin2); });
     return Card::outcomeOf(result, before);
 }
 
@@ -116,6 +118,7 @@ bool isCurrency(std::string_view text)
 
 _TAPI_RESULT_E Meter::checkPin2(const char *pin2)
 {
+    const OneDeadline deadline;
     Properties meter;
     const _TAPI_RESULT_E result = readMeter(meter);
     if (result != TAPI_RESULT_SUCC)
@@ -154,13 +157,14 @@ _TAPI_RESULT_E TAPI_CS_GetCallMeterMax(TAPI_METER_TEXT_A maximum)
 /** An amount becomes whole units, never more than it pays for. 0 lifts the maximum, so an amount must not become 0. */
 _TAPI_RESULT_E TAPI_CS_SetCallMeterMax(TAPI_METER_TEXT_A maximum)
 {
+    const OneDeadline deadline;
     const auto amount = parsedNumber(textOf(maximum, sizeof(TAPI_METER_TEXT_A)));
     if (!amount)
         return TAPI_RESULT_INVALID_PARAM;
     Properties meter;
     const _TAPI_RESULT_E result = readMeter(meter);
     if (result != TAPI_RESULT_SUCC)
-        return result;
+        return failedBeforeUse(result);
     constexpr double roundingError = 1e-6;
     const double price = priceOf(meter);
     const double units = price > 0 ? std::floor(*amount / price + roundingError) : *amount;
@@ -239,14 +243,18 @@ _TAPI_RESULT_E TAPI_CS_SetPriceUnit(_TAPI_CS_PRICE_UNIT_S price)
     Properties meter;
     const _TAPI_RESULT_E result = readMeter(meter);
     if (result != TAPI_RESULT_SUCC)
-        return result;
+        return failedBeforeUse(result);
     return withKeptPin2([&](const char *pin2) {
-        const _TAPI_RESULT_E priced = writeWithPin2(priceProperty, *amount, pin2);
-        if (priced != TAPI_RESULT_SUCC)
-            return priced;
-        const _TAPI_RESULT_E named = writeWithPin2(currencyProperty, currency.c_str(), pin2);
-        if (named != TAPI_RESULT_SUCC)
-            writeWithPin2(priceProperty, priceOf(meter), pin2);
-        return named;
+        bool priced = false;
+        const auto write = [&] {
+            const OneDeadline deadline;
+            const _TAPI_RESULT_E first = writeWithPin2(priceProperty, *amount, pin2);
+            priced = first == TAPI_RESULT_SUCC;
+            return priced ? writeWithPin2(currencyProperty, currency.c_str(), pin2) : first;
+        };
+        const _TAPI_RESULT_E written = write();
+        if (priced && written != TAPI_RESULT_SUCC)
+            writeWithPin2(priceProperty, priceOf(meter), pin2); // with a time of its own
+        return written;
     });
 }

@@ -60,6 +60,8 @@ _TAPI_RESULT_E askCard(const char *method, std::vector<Argument> arguments)
 /** Locking what is locked, and unlocking what is not, changes nothing but has the card look at the PIN. */
 _TAPI_RESULT_E checkPin1(const Properties &card, const PinText &pin)
 {
+    if (!card.texts("LockedPins"))
+        return TAPI_RESULT_SIM_UNAVAILABLE; // a guess might unlock it
     const char *const method = card.has("LockedPins", "pin") ? "LockPin" : "UnlockPin";
     return askCard(method, {Value("pin"), Value(pin.text())});
 }
@@ -164,9 +166,17 @@ _TAPI_RESULT_E TAPI_SECURITY_SetPinStatus(_TAPI_SECURITY_PIN_TYPE_E type, TAPI_P
     const PinText text(pin);
     if (!Card::isPin(text.text()) || on > 1)
         return TAPI_RESULT_INVALID_PARAM;
-    return withPin("pin", [&](const Properties &) {
+    const _TAPI_RESULT_E result = withPin("pin", [&](const Properties &) {
         return askCard(on == 1 ? "LockPin" : "UnlockPin", {Value("pin"), Value(text.text())});
     });
+    if (result == TAPI_RESULT_SUCC) // checkPin1() must not go by what has been
+        Daemon::waitUntil(
+            [on] {
+                Properties card;
+                return Card::read(card) != TAPI_RESULT_SUCC || card.has("LockedPins", "pin") == (on == 1);
+            },
+            Daemon::lengthOf(Deadline::AtHand));
+    return result;
 }
 
 _TAPI_RESULT_E TAPI_SECURITY_GetPin1Status(unsigned char, unsigned char *status)

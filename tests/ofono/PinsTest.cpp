@@ -58,15 +58,19 @@ TEST_F(PinsOnOfono, AsksTheCardWhateverIsRequired)
               TAPI_RESULT_NOT_SUPPORTED); // nothing is blocked
 }
 
-TEST_F(PinsOnOfono, KeepsAVerifiedPin2ForWhatNeedsIt)
+TEST_F(PinsOnOfono, KeepsAVerifiedPin2ForTheNextChange)
 {
+    const auto verify = [this](const char *pin2) { EXPECT_EQ(setup().verifyPin2Code(text(pin2)), done); };
     EXPECT_EQ(setup().resetCallMeter(), TAPI_RESULT_PIN2_NEEDED);
     EXPECT_EQ(setup().verifyPin2Code(wrong), rejected);
     EXPECT_EQ(setup().setMeterMax(text("10")), TAPI_RESULT_PIN2_NEEDED);
-    EXPECT_EQ(setup().verifyPin2Code(text("5678")), done);
+    verify("5678");
     EXPECT_EQ(pin2Status(), TAPI_SECURITY_PIN_STATUS_VERIFIED);
     EXPECT_EQ(setup().setPriceUnitCurrency(text("0.25"), text("GBP")), done);
     EXPECT_TRUE(Desk::becomes([this] { return price() == text("0.25GBP"); }));
+    EXPECT_EQ(setup().resetCallMeter(), TAPI_RESULT_PIN2_NEEDED); // it has been used
+    EXPECT_EQ(pin2Status(), TAPI_SECURITY_PIN_STATUS_NOT_VERIFIED);
+    verify("5678");
     EXPECT_EQ(setup().setMeterMax(text("10.10")), done); // 40 units of 0.25 and some
     QString maximum;
     bool limited = false;
@@ -75,19 +79,23 @@ TEST_F(PinsOnOfono, KeepsAVerifiedPin2ForWhatNeedsIt)
     })) << maximum.toStdString();
     EXPECT_TRUE(limited);
     EXPECT_EQ(setup().setMeterMax(text("0.10")), TAPI_RESULT_INVALID_PARAM); // would lift the maximum
+    verify("5678");
     EXPECT_EQ(setup().resetCallMeter(), done);
     EXPECT_TRUE(Desk::becomes([this] { return setup().getTotalCallCost() == text("0.00"); }));
     EXPECT_TRUE(Desk::becomes([this] { return setup().getAvailableCredit() == text("10.00"); }));
+    verify("5678");
     EXPECT_EQ(setup().disableCMM(), done);
-    // A failure of any kind ends the minute.
+    verify("5678");
     Desk::tell(".refuse +CPUC");
     EXPECT_EQ(setup().setPriceUnitCurrency(text("0.30"), text("EUR")), TAPI_RESULT_FAIL);
     Desk::tell(".pass");
     EXPECT_EQ(setup().resetCallMeter(), TAPI_RESULT_PIN2_NEEDED);
-    EXPECT_EQ(pin2Status(), TAPI_SECURITY_PIN_STATUS_NOT_VERIFIED);
+    verify("5678");
+    EXPECT_EQ(setup().verifyPin2Code(wrong), rejected); // and the right one is gone with it
+    EXPECT_EQ(setup().resetCallMeter(), TAPI_RESULT_PIN2_NEEDED);
     EXPECT_EQ(setup().changeSimPin2(text("5678"), text("8765")), done);
     EXPECT_EQ(setup().verifyPin2Code(text("5678")), rejected);
-    EXPECT_EQ(setup().verifyPin2Code(text("8765")), done);
+    verify("8765");
     // The memory of a child holds no PIN2.
     const pid_t child = fork();
     if (child == 0)
