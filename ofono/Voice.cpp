@@ -359,12 +359,21 @@ _TAPI_RESULT_E TAPI_CALL_GetAllCallSessions(_TAPI_CALL_SESSION_TABLE_S *table)
     return TAPI_RESULT_SUCC;
 }
 
-/** The network's answer may take as long as the subscriber takes, so it is not waited for. */
+/**
+ * The network's answer may take as long as the subscriber takes, so it is not waited for. While the network waits for the
+ * subscriber, the request is what the subscriber answers.
+ */
 _TAPI_RESULT_E TAPI_USSD_MakeRequest(_TAPI_USSD_REQ_APP_MSG_S *request)
 {
     const std::string text = serviceString(*request);
     if (text.empty())
         return TAPI_RESULT_INVALID_PARAM;
+    Properties services;
+    const _TAPI_RESULT_E result =
+        Daemon::instance().properties(supplementaryServices, Deadline::AtHand, services);
+    if (result != TAPI_RESULT_SUCC)
+        return result;
+    const bool isAsked = services.text("State") == "user-response";
     return Daemon::instance().begin(
-        {supplementaryServices, "Initiate", {Value(text.c_str())}, Deadline::Network});
+        {supplementaryServices, isAsked ? "Respond" : "Initiate", {Value(text.c_str())}, Deadline::Network});
 }

@@ -218,6 +218,16 @@ TEST_F(VoiceOnOfono, BeginsAServiceDialogueWithoutWaiting)
     }));
     tell(".delay +CUSD off");
     Desk::byHand("/phone org.ofono.SupplementaryServices.Cancel");
+    const auto stateIs = [](const char *state) {
+        return Desk::byHand("/phone org.ofono.SupplementaryServices.GetProperties").find(state)
+            != std::string::npos;
+    };
+    request = {0x0F, 5, "*123#"}; // a menu, which stays open until it is answered
+    EXPECT_TRUE(Desk::becomes([&] { return PHONE_ENG_TAPI_USSD_Make_Req(&request) == done; }));
+    EXPECT_TRUE(Desk::becomes([&] { return stateIs("user-response"); }));
+    _TAPI_USSD_REQ_APP_MSG_S answer = {0x0F, 1, "1"};
+    EXPECT_EQ(PHONE_ENG_TAPI_USSD_Make_Req(&answer), done);
+    EXPECT_TRUE(Desk::becomes([&] { return stateIs("idle"); }));
     request.text[1] = 7;
     EXPECT_EQ(PHONE_ENG_TAPI_USSD_Make_Req(&request), TAPI_RESULT_INVALID_PARAM);
     request = {};
