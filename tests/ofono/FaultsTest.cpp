@@ -66,7 +66,12 @@ TEST_F(FaultsOnOfono, TellsOfADaemonThatDiedAndOneThatCameBack)
     EXPECT_LT(seconds, 2);
     EXPECT_LT(Desk::secondsOf([this] { EXPECT_EQ(read(), TAPI_RESULT_SERVICE_DOWN); }), 0.5);
     EXPECT_EQ(dial(), TAPI_RESULT_SERVICE_DOWN);
+    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
     EXPECT_EQ(setup().setupVerifySimPin(text("1234")), TAPI_RESULT_SERVICE_DOWN);
+    EXPECT_EQ(setup().verifyPin2Code(text("5678")), TAPI_RESULT_SERVICE_DOWN);
+    EXPECT_EQ(testing::internal::GetCapturedStdout() + testing::internal::GetCapturedStderr(), "")
+        << "no PIN is told to anybody";
     EXPECT_TRUE(PHONE_ENG_IsTapiDeviceActive()); // the bus is there
     EXPECT_EQ(PHONE_ENG_TAPI_initiation(), TAPI_RESULT_SERVICE_DOWN);
     tell(".pass");
@@ -177,7 +182,7 @@ TEST_F(FaultsOnOfono, TellsOfABusThatIsGoneAndConnectsAgainWhenAsked)
     Desk::end("daemon", SIGTERM); // in case it has outlived its bus
     comeBack();
     Desk::end("bus", SIGKILL);
-    EXPECT_FALSE(PHONE_ENG_IsTapiDeviceActive());
+    EXPECT_TRUE(Desk::becomes([] { return !PHONE_ENG_IsTapiDeviceActive(); }));
     EXPECT_EQ(read(), TAPI_RESULT_LINK_LOST);
 }
 
@@ -211,4 +216,16 @@ TEST_F(DeadlinesOnOfono, EndsEveryRequestInTime)
     takes(0.15, 0.6, TAPI_RESULT_TIMED_OUT, [&] { return setup().readIMEISerialNumber(imei); });
     Desk::end("bus", SIGCONT);
     takes(0, 0.6, TAPI_RESULT_SUCC, [&] { return setup().readIMEISerialNumber(imei); });
+    // A request that is pending when the modem goes off is never answered.
+    tell(".delay +CCWA 4500");
+    std::future<void> pending = std::async(std::launch::async, [&] {
+        takes(2.9, 3.5, TAPI_RESULT_TIMED_OUT, [this] { return setup().setCallWaiting(false); });
+    });
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    modemIs("Powered", false);
+    pending.get();
+    tell(".delay +CCWA off");
+    takes(0, 0.6, TAPI_RESULT_MODEM_OFFLINE, [this] { return setup().setCallWaiting(true); });
+    Desk::script("online");
+    EXPECT_TRUE(reads(TAPI_RESULT_SUCC));
 }

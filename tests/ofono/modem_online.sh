@@ -5,6 +5,13 @@
 # modem_online.sh PROGRAM
 set -euo pipefail
 
+# The unit, with the program where it is here.
+unit=$(mktemp -d)
+trap 'rm -rf "$unit"' EXIT
+sed "s#^ExecStart=.*#ExecStart=$1#" "$1.service" >"$unit/kvq-modem-online.service"
+said=$(systemd-analyze verify "$unit/kvq-modem-online.service" 2>&1 | grep kvq-modem-online || true)
+[[ -z $said ]] || { echo "$said"; exit 1; }
+
 is_online() {
     busctl --system call org.ofono /phone org.ofono.Modem GetProperties | grep -q '"Online" b true'
 }
