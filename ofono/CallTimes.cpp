@@ -101,9 +101,8 @@ public:
     Turn()
     {
         std::string file;
-        WriterTurn::Clock::time_point stoodInLine = {};
-        m_ours = !SettingsFile::resolve(PhoneSettings::file(), file)
-            && !m_turn.begin(file + "-calls", patience, stoodInLine);
+        m_ours =
+            !SettingsFile::resolve(PhoneSettings::file(), file) && !m_turn.begin(file + "-calls", patience);
     }
 
     explicit operator bool() const { return m_ours; }

@@ -12,6 +12,7 @@ namespace {
 /** What a write of a setting is refused by while the disk is said to be full. */
 constexpr std::array settingWrites = {"SETUP_SET_Manager::setSettingInfo", "SETUP_SET_Manager::flush"};
 
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): nobody ends it by its interface
 class Control final : public SimulatedPhoneControl {
 public:
     void reset() override

@@ -54,7 +54,7 @@ SimulatedPhone::~SimulatedPhone() = default;
 SimulatedPhone &SimulatedPhone::instance()
 {
     // Never destroyed: an application may use the engine until the process is gone.
-    static SimulatedPhone *const phone = new SimulatedPhone;
+    static auto *const phone = new SimulatedPhone;
     return *phone;
 }
 
