@@ -1,6 +1,8 @@
 // The settings store by itself: odd files, older files, modes, forks and threads.
+#include "SETUP_SET_Manager.h"
 #include "SettingsAccess.h"
 #include "SettingsStore.h"
+#include "SimulatedPhone.h"
 
 #include <QDir>
 #include <QFile>
@@ -345,6 +347,30 @@ TEST_F(StoreTest, ACollectionGivesWayToAFileOfOthers)
     EXPECT_EQ(errno, EIO);
     EXPECT_NE(testing::internal::GetCapturedStderr().find("replaced by others"), std::string::npos);
     EXPECT_EQ(timer(), 1);
+}
+
+TEST_F(StoreTest, WhatCannotBeEncryptedIsNotStored)
+{
+    SimulatedPhone::instance().settings().setFile(m_file);
+    const QString group = QStringLiteral("Setup");
+    const QString key = QStringLiteral("note");
+    const QString open = QStringLiteral("for everybody");
+    const QString secret = QStringLiteral("for nobody");
+    for (const bool commitEachWrite : {true, false}) {
+        SCOPED_TRACE(commitEachWrite);
+        SETUP_SET_Manager settings(AM_Global::CallSetup, commitEachWrite);
+        ASSERT_TRUE(settings.setSettingInfo(group, key, open, false) && settings.flush());
+        errno = 0;
+        EXPECT_FALSE(settings.setSettingInfo(group, key, secret, true));
+        EXPECT_EQ(errno, ENOTSUP);
+        EXPECT_EQ(settings.flush(), commitEachWrite) << "a collection with a failed write is given up";
+        QString text;
+        EXPECT_TRUE(settings.getSettingInfo(group, key, text, secret, false));
+        EXPECT_EQ(text, open);
+        EXPECT_FALSE(settings.getSettingInfo(group, key, text, secret, true));
+        EXPECT_EQ(text, secret) << "the default, for an open text was never encrypted";
+        EXPECT_FALSE(content().contains(secret.toUtf8()));
+    }
 }
 
 TEST_F(StoreTest, TwoThreadsUseTheStoreAtOnce)
