@@ -62,13 +62,14 @@ void report(const std::string &path, int line, const std::string &what)
 
 const Product &Product::instance()
 {
-    static const Product product = [] {
-        Product read;
-        if (!read.readNamed() && std::ifstream(defaultFile).good())
-            read.read(defaultFile);
+    // Never destroyed: an application may use the engine until the process is gone.
+    static const auto *const product = [] {
+        auto *const read = new Product;
+        if (!read->readNamed() && std::ifstream(defaultFile).good())
+            read->read(defaultFile);
         return read;
     }();
-    return product;
+    return *product;
 }
 
 Product::Product()

@@ -33,5 +33,10 @@ valgrind --quiet --error-exitcode=1 --child-silent-after-fork=yes --leak-check=f
     --errors-for-leak-kinds=definite,indirect build/release/tests/engine_tests --gtest_brief=1 \
     --gtest_filter='-ConsoleTest.*:AllocationTest.*:PinsInMemoryTest.*:*ForTheNextProcess:*CollectedWrites*:*KilledWriter*:*TwoProcesses*:*TheDefaultIs*' |
     tail -n 2
+# What is used on the way out must not have been destroyed, on either platform library.
+for platform in simulator ofono; do
+    LD_LIBRARY_PATH=build/release/$platform XDG_DATA_HOME=$PWD/build/release/exit-data \
+        KVQ_PRODUCT=handset/product.conf valgrind --quiet --error-exitcode=1 build/release/tests/store/exit_program
+done
 
 build_and_test release
