@@ -33,7 +33,7 @@ constexpr char method[] = "GetProperties";
 constexpr char property[] = "HideCallerId";
 
 /** A turn is shorter than what the scheduler gives at a time, so among many some are disturbed by nobody. */
-constexpr int turns = 500;
+constexpr int turns = 1000;
 constexpr int readsOfTurn = 20;
 constexpr double mostAgainstHand = 1.15;
 constexpr double mostAgainstQt = 0.70;
