@@ -384,14 +384,15 @@ void SettingsStore::unlockAfterFork()
 
 void SettingsStore::startAfreshInChild()
 {
-    m_parentCollects = m_parentCollects || m_draft;
     m_turn.abandon();
     if (m_draft) {
+        const bool ofThisThread = m_ownerThread == std::this_thread::get_id();
+        m_parentCollects = m_parentCollects || ofThisThread; // another thread goes on meanwhile
         if (m_draft->replacement)
             m_draft->replacement->abandon();
         // What another thread was working at may be half done, and must not even be destroyed.
         static const void *half = nullptr;
-        if (m_ownerThread == std::this_thread::get_id())
+        if (ofThisThread)
             m_draft.reset();
         else
             half = m_draft.release();

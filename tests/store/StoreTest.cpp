@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cerrno>
 #include <chrono>
 #include <cstdlib>
@@ -293,6 +294,21 @@ TEST_F(StoreTest, AChildOfForkLeavesTheParentsCollectionAlone)
     EXPECT_EQ(timer(), 5);
     EXPECT_TRUE(holdsInChild([this] { return setReminder(); }));
     EXPECT_EQ(store.readInteger(reminder, SettingsStore::Type::Bool), 0);
+}
+
+TEST_F(StoreTest, AChildOfForkWritesInItsTurnWhileAnotherThreadOfTheParentWrites)
+{
+    std::atomic<bool> done = false;
+    bool good = true;
+    std::thread writer([&] {
+        for (int value = 0; !done; ++value)
+            good = setTimer(value) && good;
+    });
+    for (int round = 0; round < 4; ++round)
+        EXPECT_TRUE(holdsInChild([this] { return setReminder() && timer() >= 0; }));
+    done = true;
+    writer.join();
+    EXPECT_TRUE(good);
 }
 
 TEST_F(StoreTest, WhoWaitsLongestWritesNextAndWhoIsStoppedIsPassedBy)
