@@ -31,8 +31,9 @@ class Broadcaster {
 public:
     static Broadcaster &instance()
     {
-        static Broadcaster broadcaster;
-        return broadcaster;
+        // Never destroyed: an application may use the engine until the process is gone.
+        static auto *const broadcaster = new Broadcaster;
+        return *broadcaster;
     }
 
     template <typename... Arguments>

@@ -244,8 +244,9 @@ steady_clock::time_point OneDeadline::endOf(Deadline deadline)
 
 Daemon &Daemon::instance()
 {
-    static Daemon daemon;
-    return daemon;
+    // Never destroyed: an application may use the engine until the process is gone.
+    static auto *const daemon = new Daemon;
+    return *daemon;
 }
 
 Daemon::Daemon()
@@ -253,8 +254,6 @@ Daemon::Daemon()
 {
     pthread_atfork(nullptr, nullptr, [] { instance().leaveToParent(); });
 }
-
-Daemon::~Daemon() = default;
 
 _TAPI_RESULT_E Daemon::open()
 {

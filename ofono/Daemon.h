@@ -138,7 +138,6 @@ private:
     };
 
     Daemon();
-    ~Daemon();
 
     _TAPI_RESULT_E connect();
     void lose();

@@ -77,6 +77,7 @@ KeptPin2::~KeptPin2()
     erase();
     if (m_page)
         munmap(m_page, pageSize());
+    m_page = nullptr; // whoever asks later still, on the way out, finds nothing kept
 }
 
 void KeptPin2::keep(std::string_view pin2)

@@ -33,13 +33,13 @@ namespace {
 
 const Handset::Product &product()
 {
-    static const Handset::Product product = [] {
-        Handset::Product complete;
-        complete.missingFeatures.clear();
-        complete.readNamed();
+    static const auto *const product = [] {
+        auto *const complete = new Handset::Product;
+        complete->missingFeatures.clear();
+        complete->readNamed();
         return complete;
     }();
-    return product;
+    return *product;
 }
 
 } // namespace
