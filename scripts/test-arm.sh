@@ -9,7 +9,7 @@ source scripts/packages.sh
 
 limit=$((128 * 1024)) # of the stripped library
 
-need_packages "${build_packages[@]}" "${test_packages[@]}" "${arm_packages[@]}"
+need_packages "${build_packages[@]}" "${test_packages[@]}" "${arm_packages[@]}" "${deb_packages[@]}"
 for architecture in arm64 armhf; do
     scripts/sysroot.sh "$architecture"
     echo "== Building ($architecture)"
@@ -24,15 +24,28 @@ for architecture in arm64 armhf; do
     ((size <= limit)) || { echo "error: the stripped library is too large" >&2; exit 1; }
 
     echo "== Packing ($architecture)"
-    rm -rf "$build/packages"
-    cpack --config "$build/CPackConfig.cmake" -B "$build/packages" >/dev/null
+    DEB_BUILD_OPTIONS=noautodbgsym scripts/deb.sh "$build" "$build/packages" >/dev/null
+    unpacked=$build/packages/unpacked
+    rm -rf "$unpacked"
     for package in "$build/packages"/*.deb; do
-        [[ $(dpkg-deb -f "$package" Architecture) =~ ^($architecture|all)$ ]] || {
+        [[ $(dpkg-deb -f "$package" Architecture) == "$architecture" ]] || {
             echo "error: $package is not a package of $architecture" >&2
             exit 1
         }
         echo "$(dpkg-deb -f "$package" Package): $(stat -c %s "$package") bytes"
+        [[ $package == */libkvqplatform1-ofono_* ]] || dpkg-deb -x "$package" "$unpacked"
     done
+    [[ $(basename -a "$build/packages"/*.deb | sed 's/_.*//') == $(sort "$build/packages.txt") ]] || {
+        echo "error: these are not the packages of this build" >&2
+        exit 1
+    }
+    lintian --fail-on error,warning "$build/packages"/*.deb 2>/dev/null
+    # What was packed runs: the tour, on the packages alone.
+    emulator=$(sed -n 's/^KVQ_EMULATOR:[^=]*=//p' "$build/CMakeCache.txt")
+    triplet=$(dpkg-architecture -a "$architecture" -q DEB_HOST_MULTIARCH)
+    XDG_DATA_HOME=$build/packages/data "$emulator" -L "build/sysroot/$architecture" \
+        -E LD_LIBRARY_PATH="$unpacked/usr/lib/$triplet" "$unpacked/usr/bin/kvq-console" -q \
+        --script "$unpacked/usr/share/doc/kvq-console/examples/tour.kvq" >/dev/null
 
     echo "== Testing ($architecture)"
     ctest --preset "$architecture" --progress

@@ -2,5 +2,5 @@
 set(KVQ_DEBIAN_ARCHITECTURE armhf)
 set(CMAKE_SYSTEM_PROCESSOR armv7l)
 set(KVQ_TRIPLET arm-linux-gnueabihf)
-set(KVQ_EMULATOR qemu-arm)
+set(KVQ_EMULATOR qemu-arm CACHE STRING "Runs what is built")
 include(${CMAKE_CURRENT_LIST_DIR}/debian-sysroot.cmake)

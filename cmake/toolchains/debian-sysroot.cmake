@@ -1,8 +1,9 @@
 # What the toolchain files share: Debian's cross compiler, and a sysroot of packages of the other architecture
 # (scripts/sysroot.sh makes it). The machine itself needs no foreign package, so nothing on it can be in conflict.
 set(CMAKE_SYSTEM_NAME Linux)
-set(KVQ_SYSROOT ${CMAKE_CURRENT_LIST_DIR}/../../build/sysroot/${KVQ_DEBIAN_ARCHITECTURE}
-    CACHE PATH "Folder with the packages of the other architecture")
+set(KVQ_DEBIAN_ARCHITECTURE ${KVQ_DEBIAN_ARCHITECTURE} CACHE STRING "Architecture of the Debian packages" FORCE)
+cmake_path(SET sysroot NORMALIZE ${CMAKE_CURRENT_LIST_DIR}/../../build/sysroot/${KVQ_DEBIAN_ARCHITECTURE})
+set(KVQ_SYSROOT ${sysroot} CACHE PATH "Folder with the packages of the other architecture")
 get_filename_component(CMAKE_SYSROOT ${KVQ_SYSROOT} REALPATH)
 list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES KVQ_SYSROOT)
 if(NOT EXISTS ${CMAKE_SYSROOT}/usr/include)
@@ -11,6 +12,7 @@ endif()
 
 set(CMAKE_CXX_COMPILER ${KVQ_TRIPLET}-g++)
 set(CMAKE_LIBRARY_ARCHITECTURE ${KVQ_TRIPLET})
+set(CMAKE_INSTALL_LIBDIR lib/${KVQ_TRIPLET} CACHE PATH "Folder of libraries below the prefix")
 set(CMAKE_FIND_ROOT_PATH ${CMAKE_SYSROOT})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
