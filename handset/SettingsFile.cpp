@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <climits>
 #include <cstdio>
 #include <cstdlib>
@@ -14,6 +15,8 @@
 
 #include <fcntl.h>
 #include <unistd.h>
+
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -220,6 +223,19 @@ bool Version::hasContentOf(const Version &other) const
 {
     return device == other.device && inode == other.inode && size == other.size
         && !differ(modified, other.modified);
+}
+
+bool Version::mayChangeUnnoticed() const
+{
+    // A write in place sets both times, to the clock's last tick. A version of ours has a time of its own.
+    if (differ(modified, changed))
+        return false;
+    timespec now = {};
+    clock_gettime(CLOCK_REALTIME, &now);
+    const auto age = std::chrono::seconds(now.tv_sec - changed.tv_sec)
+        + std::chrono::nanoseconds(now.tv_nsec - changed.tv_nsec);
+    const bool wholeSeconds = changed.tv_nsec == 0;
+    return std::chrono::abs(age) < (wholeSeconds ? 2s : std::chrono::nanoseconds(20ms));
 }
 
 Fault look(const std::string &path, Version &version)

@@ -22,6 +22,8 @@ struct Version {
     bool operator==(const Version &other) const;
     /** The same, but for permissions and links. */
     bool hasContentOf(const Version &other) const;
+    /** Whether another program has written it in place so lately that its next write might leave no trace here. */
+    bool mayChangeUnnoticed() const;
 
     dev_t device = 0;
     ino_t inode = 0; ///< 0 for no file

@@ -205,16 +205,17 @@ void SettingsStore::load(const SettingsFile::Version &version)
     if (!m_snapshot.fault)
         m_snapshot.fault = SettingsImage::read(m_snapshot.content.image, m_snapshot.values);
     const int error = m_snapshot.fault.error;
-    // What was read once is worth more than a default while somebody writes the file in place.
-    if (error == EBUSY)
+    // What was read once is worth more than a default while somebody writes the file in place, or while the process
+    // lacks what it takes to read it anew.
+    const bool passes = error == EBUSY || error == EMFILE || error == ENFILE || error == ENOMEM;
+    if (passes)
         m_snapshot.values = std::move(last);
     // The same content is the same tomorrow; a disk that failed is asked again.
-    m_snapshot.known =
-        m_snapshot.content.standsAlone && (error == 0 || error == EUCLEAN || error == EMEDIUMTYPE);
+    m_snapshot.known = m_snapshot.content.standsAlone && !m_snapshot.content.version.mayChangeUnnoticed()
+        && (error == 0 || error == EUCLEAN || error == EMEDIUMTYPE);
     if (error != 0)
         report(m_snapshot.fault,
-               error == EBUSY ? "reads give what was read before"
-                              : "reads give defaults, nothing is written");
+               passes ? "reads give what was read before" : "reads give defaults, nothing is written");
 }
 
 const std::string &SettingsStore::path() const

@@ -22,7 +22,8 @@
  * Reads take no lock: the file is never changed, it is replaced as a whole, and a process reads it anew when another
  * version stands there. So no process, whether it writes without pause, hangs, is stopped or killed, can make a read
  * wait or keep its value from it. When the file cannot be read (no permission, damage, not a settings file, newer
- * than this program), reads find nothing and the reason is reported on standard error, once a reason and process.
+ * than this program), reads find nothing and the reason is reported on standard error, once a reason and process;
+ * while the process lacks memory or descriptors they find what it has read before.
  *
  * Writers take turns. What a write without a collector, or commit(), answered with true survives a crash of the
  * process and of the phone: the new version and the folder have been synced. A write that answered false left the old

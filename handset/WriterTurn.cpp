@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <thread>
+#include <tuple>
 #include <utility>
 
 #include <fcntl.h>
@@ -62,6 +63,21 @@ off_t standInLine(int file)
     return place;
 }
 
+/** Whoever may write the file may stand in line for it, whatever the mask of the process that was first. */
+void shareLike(const std::string &path, int lockFile)
+{
+    struct stat file = {};
+    struct stat lock = {};
+    const bool isThere = stat(path.c_str(), &file) == 0;
+    if (fstat(lockFile, &lock) != 0)
+        return;
+    if (isThere && lock.st_gid != file.st_gid)
+        std::ignore = fchown(lockFile, lock.st_uid, file.st_gid);
+    const mode_t mode = S_IRUSR | S_IWUSR | (file.st_mode & 0666);
+    if ((lock.st_mode & 0777) != mode)
+        fchmod(lockFile, mode); // which is for its owner to do
+}
+
 /** Somebody may have taken the file away, and others may have made a new one. */
 bool standsUnder(const std::string &path, int file)
 {
@@ -106,7 +122,7 @@ Fault WriterTurn::begin(const std::string &path, std::chrono::milliseconds patie
     off_t front = firstPlace; // of the line; those before it are stopped
     auto lastTaken = started;
     for (;;) {
-        if (Fault fault = openFile(name))
+        if (Fault fault = openFile(path, name))
             return fault;
         if (std::exchange(goesOn, false)) {
             if (take(name))
@@ -161,16 +177,19 @@ void WriterTurn::abandon()
     m_roundBegan = {};
 }
 
-Fault WriterTurn::openFile(const std::string &name)
+Fault WriterTurn::openFile(const std::string &path, const std::string &name)
 {
     if (m_file)
         return {};
     m_file.reset(
         open(name.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, S_IRUSR | S_IWUSR));
-    if (m_file)
-        return {};
-    const int error = errno == EDQUOT ? ENOSPC : errno;
-    return {error, std::string("has a lock that cannot be opened: ") + std::strerror(errno)};
+    if (!m_file) {
+        const int error = errno;
+        return {error == EDQUOT ? ENOSPC : error,
+                std::string("has a lock that cannot be opened: ") + std::strerror(error)};
+    }
+    shareLike(path, m_file.number());
+    return {};
 }
 
 /** False without a file when that is no longer the one that the others know. */

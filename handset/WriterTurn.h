@@ -33,7 +33,7 @@ public:
     void abandon();
 
 private:
-    Fault openFile(const std::string &name);
+    Fault openFile(const std::string &path, const std::string &name);
     bool take(const std::string &name);
 
     Descriptor m_file;

@@ -1,4 +1,5 @@
 // The settings store by itself: odd files, older files, modes, forks and threads.
+#include "FailingDisk.h"
 #include "SETUP_SET_Manager.h"
 #include "SettingsAccess.h"
 #include "SettingsStore.h"
@@ -153,6 +154,29 @@ TEST_F(StoreTest, WhatCannotBeReadIsReportedOnceAndUsedAgainWhenItIsMended)
     }
 }
 
+TEST_F(StoreTest, AReadThatFailsHasNoEffectOnTheNextOne)
+{
+    SettingsStore other;
+    other.setFile(m_file);
+    ASSERT_TRUE(setTimer(7));
+    EXPECT_EQ(timer(), 7);
+    ASSERT_TRUE(other.writeInteger(audibleTimer, SettingsStore::Type::Int, 8, nullptr));
+    for (const int error : {EIO, ENOMEM}) {
+        SCOPED_TRACE(error);
+        const bool passes = error == ENOMEM; // so what is known is better than the default
+        FailingDisk::failReads(error);
+        testing::internal::CaptureStderr();
+        EXPECT_EQ(timer(), passes ? 7 : -1);
+        EXPECT_FALSE(setTimer(9));
+        EXPECT_EQ(errno, error);
+        FailingDisk::repair();
+        EXPECT_NE(testing::internal::GetCapturedStderr().find("cannot be read"), std::string::npos);
+        EXPECT_EQ(timer(), 8);
+        EXPECT_TRUE(setTimer(7));
+        ASSERT_TRUE(other.writeInteger(audibleTimer, SettingsStore::Type::Int, 8, nullptr));
+    }
+}
+
 TEST_F(StoreTest, AnEmptyFileIsAnEmptyStoreUnlessAJournalStandsBesideIt)
 {
     setContent({});
@@ -234,12 +258,14 @@ TEST_F(StoreTest, FileAndFolderAreTheUsersOwnWhateverTheMask)
         EXPECT_EQ(modeOf(folder), 0700u);
         EXPECT_EQ(modeOf(path() + ".d"), 0700u);
         EXPECT_EQ(modeOf(file), 0600u);
+        EXPECT_EQ(modeOf(file + "-lock"), 0600u);
     }
     ASSERT_EQ(chmod(file.c_str(), 0640), 0);
     ASSERT_EQ(chmod(folder.c_str(), 0750), 0);
     EXPECT_TRUE(setTimer(8));
     EXPECT_EQ(modeOf(file), 0640u) << "what is there keeps its mode";
     EXPECT_EQ(modeOf(folder), 0750u);
+    EXPECT_EQ(modeOf(file + "-lock"), 0640u) << "who may write the file may stand in line for it";
 }
 
 TEST_F(StoreTest, EachVersionIsLaterThanTheOneBeforeWhateverTheClockSays)
@@ -299,7 +325,7 @@ TEST_F(StoreTest, AChildOfForkLeavesTheParentsCollectionAlone)
 TEST_F(StoreTest, AChildOfForkWritesInItsTurnWhileAnotherThreadOfTheParentWrites)
 {
     std::atomic<bool> done = false;
-    bool good = true;
+    bool good = setTimer(0);
     std::thread writer([&] {
         for (int value = 0; !done; ++value)
             good = setTimer(value) && good;

@@ -19,6 +19,7 @@ std::atomic<int> calls = 0;
 int failingCall = 0;
 int failure = 0;
 bool failsForGood = false;
+std::atomic<int> readFailure = 0;
 
 bool fails()
 {
@@ -29,6 +30,13 @@ bool fails()
         return false;
     errno = failure;
     return true;
+}
+
+bool failsToRead()
+{
+    if (readFailure != 0)
+        errno = readFailure;
+    return readFailure != 0;
 }
 
 template <typename Function>
@@ -77,6 +85,19 @@ int open64(const char *path, int flags, ...)
 int fsync(int file)
 {
     return fails() ? -1 : system<int(int)>("fsync")(file);
+}
+
+ssize_t pread(int file, void *bytes, size_t count, off_t position)
+{
+    return failsToRead() ? -1
+                         : system<ssize_t(int, void *, size_t, off_t)>("pread")(file, bytes, count, position);
+}
+
+ssize_t pread64(int file, void *bytes, size_t count, off64_t position)
+{
+    return failsToRead()
+        ? -1
+        : system<ssize_t(int, void *, size_t, off64_t)>("pread64")(file, bytes, count, position);
 }
 
 ssize_t pwrite(int file, const void *bytes, size_t count, off_t position)
@@ -147,8 +168,14 @@ void FailingDisk::failAt(int call, int error, bool forGood)
     armed = true;
 }
 
+void FailingDisk::failReads(int error)
+{
+    readFailure = error;
+}
+
 int FailingDisk::repair()
 {
     armed = false;
+    readFailure = 0;
     return calls;
 }

@@ -9,6 +9,9 @@ namespace FailingDisk {
  */
 void failAt(int call, int error, bool forGood);
 
+/** From now on nothing can be read, for that reason. */
+void failReads(int error);
+
 /** Works again. Returns how many calls there were, failed ones included. */
 int repair();
 

@@ -31,6 +31,26 @@ namespace {
 
 namespace fs = std::filesystem;
 
+void writeTo(const char *file, const std::string &text)
+{
+    std::ofstream(file) << text;
+}
+
+/** Mounts of this process's own; one that is not the superuser becomes that of a world of its own first. */
+bool haveOwnMounts()
+{
+    const std::string user = std::to_string(geteuid());
+    const std::string group = std::to_string(getegid());
+    if (unshare(CLONE_NEWNS) != 0) {
+        if (unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0)
+            return false;
+        writeTo("/proc/self/setgroups", "deny");
+        writeTo("/proc/self/uid_map", "0 " + user + " 1");
+        writeTo("/proc/self/gid_map", "0 " + group + " 1");
+    }
+    return mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+}
+
 /** Runs a part in a process of its own, with mounts of its own that end with it. */
 Outcome inOwnMounts(const std::function<Outcome()> &part)
 {
@@ -38,9 +58,8 @@ Outcome inOwnMounts(const std::function<Outcome()> &part)
     if (pipe(ends.data()) != 0)
         return {0, 0, {}, {}, "no pipe"};
     const pid_t child = inChild([&] {
-        const bool own = unshare(CLONE_NEWNS) == 0 || unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0;
         Outcome outcome;
-        if (own && mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0)
+        if (haveOwnMounts())
             outcome = part();
         else
             outcome.cannotRunHere = "mounts of its own are not allowed";
@@ -309,11 +328,18 @@ Outcome coarseTimes(const std::string &folder)
 {
     return onLoopDisk(folder, [](const std::string &disk) {
         Outcome outcome;
-        Fresh writer(disk + "/settings.db");
-        Fresh reader(disk + "/settings.db");
+        const std::string file = disk + "/settings.db";
+        Fresh writer(file);
+        Fresh reader(file);
         for (int value = 2; value <= 100; value += 2)
             outcome.check(writer.put("a", value - 1) && writer.put("a", value) && reader.number("a") == value,
                           "a version was not noticed");
+        const std::string contents[] = {bytesOf(file), writer.put("a", 99) ? bytesOf(file) : ""};
+        for (int round = 0; round < 20; ++round) {
+            std::ofstream(file, std::ios::binary) << contents[round % 2];
+            outcome.check(reader.number("a") == (round % 2 == 0 ? 100 : 99),
+                          "a write in place was not noticed");
+        }
         return outcome;
     });
 }

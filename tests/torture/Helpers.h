@@ -6,6 +6,8 @@
 #include <QString>
 
 #include <cstdlib>
+#include <fstream>
+#include <sstream>
 #include <string>
 
 #include <fcntl.h>
@@ -36,6 +38,13 @@ struct Fresh : SettingsStore {
         return writeText(name(key), value, owner);
     }
 };
+
+inline std::string bytesOf(const std::string &file)
+{
+    std::ostringstream bytes;
+    bytes << std::ifstream(file, std::ios::binary).rdbuf();
+    return bytes.str();
+}
 
 template <typename Body>
 pid_t inChild(Body body)

@@ -71,13 +71,6 @@ std::string mutated(std::string bytes, std::mt19937 &random)
     }
 }
 
-std::string bytesOf(const std::string &file)
-{
-    std::ostringstream bytes;
-    bytes << std::ifstream(file, std::ios::binary).rdbuf();
-    return bytes.str();
-}
-
 /** How long something took, many times. */
 struct Meter {
     static constexpr int perDoubling = 16;

@@ -33,7 +33,10 @@ Outcome noInodes(const std::string &folder);
 /** The same through the engine: false, and the signal flashFull() once for each. */
 Outcome signalsOfFullDisks(const std::string &folder, int step);
 
-/** Versions of the same size, sooner after each other than the file system can tell; every other one is read. */
+/**
+ * Versions of the same size, sooner after each other than the file system can tell; every other one is read. Then
+ * another program writes the file in place as often.
+ */
 Outcome coarseTimes(const std::string &folder);
 
 /** Each call to the system fails once, and from then on, with each of several errors. */
