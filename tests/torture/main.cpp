@@ -93,19 +93,22 @@ void torture(const std::string &folder, double effort)
     const Torture::Crowd quiet = Torture::crowd(0, 1, 2, read, write);
     show("a reader by itself, through the engine", quiet.outcome);
     const Torture::Crowd crowd = Torture::crowd(8, 8, seconds, read, write);
-    show(("8 writers and 8 readers without pause, " + number(seconds, "s")).c_str(), crowd.outcome);
-    show(("everything at once, " + number(2 * seconds, "s")).c_str(), Torture::soak(folder, 2 * seconds));
+    const auto during = [](const char *what, double time) {
+        return what + QStringLiteral(", %1 s").arg(time).toStdString();
+    };
+    show(during("8 writers and 8 readers without pause", seconds).c_str(), crowd.outcome);
+    show(during("everything at once", 2 * seconds).c_str(), Torture::soak(folder, 2 * seconds));
 
     heading("in the crowd", "answers", "median", "longest");
     show("reads of a reader by itself", quiet.reads);
     show("reads of 8 readers", crowd.reads);
-    show("those that waited for more than a processor", crowd.asleep);
-    show("the readers' pauses, which need a processor only", crowd.spinning);
+    show("those of them that waited for more than a processor", crowd.asleep);
+    show("their pauses, which need a processor only", crowd.spinning);
     show("writes of 8 writers", crowd.writes);
 
     heading("limit", "measured", "at most", "held");
     holds("median read of 8 readers", crowd.reads.median, 3 * quiet.reads.median, "us");
-    holds("longest read: 50 ms, or twice the longest pause", crowd.reads.longest / 1000,
+    holds("longest read (50 ms, or twice the longest pause)", crowd.reads.longest / 1000,
           std::max(50.0, crowd.spinning.longest / 500), "ms");
     holds("longest wait of a writer", crowd.writes.longest / 1000, 5000, "ms");
 }
