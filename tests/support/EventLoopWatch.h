@@ -58,8 +58,8 @@ private:
         for (;;) {
             const Time now = std::chrono::steady_clock::now().time_since_epoch();
             const Time keptBefore = std::exchange(kept, keptFromRunning());
-            if (kept
-                == keptBefore) // else it happened between the two readings, which then do not fit together
+            // Where they differ it happened between the two readings, which then do not fit together.
+            if (kept == keptBefore)
                 return now - kept;
         }
     }
