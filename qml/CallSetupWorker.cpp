@@ -1,6 +1,7 @@
 // The engine's thread, its queue, and how both end.
 #include "CallSetupWorker.h"
 
+#include "LogModule.h"
 #include "PHONE_ENG_WrapTapi.h"
 
 #include <QCoreApplication>
@@ -13,6 +14,9 @@
 #include <cstdlib>
 
 #include <unistd.h>
+
+/** The platform library's, which is found with the engine. */
+extern "C" __attribute__((weak)) std::FILE *libaplog_to_module_ptr;
 
 namespace Kvq {
 
@@ -39,6 +43,16 @@ void leaveAtOnce(int status, void *)
     _exit(status);
 }
 
+/**
+ * The log shows PINs in clear, and what a graphical application writes to standard output ends in a journal. So it goes
+ * where somebody wants it, and nowhere else.
+ */
+void keepLogOffStandardOutput()
+{
+    if (&libaplog_to_module_ptr != nullptr && !libaplog_to_module_ptr)
+        libaplog_to_module_ptr = std::fopen("/dev/null", "we");
+}
+
 } // namespace
 
 /** The thread. The queue is its event queue, which also delivers what the engine posts to itself. */
@@ -48,6 +62,7 @@ public:
         : m_worker(worker)
         , m_desk(std::make_unique<QObject>())
     {
+        keepLogOffStandardOutput();
         setObjectName(QStringLiteral("kvq-call-setup"));
         m_desk->moveToThread(this);
         start();

@@ -1,6 +1,5 @@
 // An application that leaves while its last request runs: "quick", or "hanging" for ever.
 #include "CallSetupWorker.h"
-#include "LogModule.h"
 #include "SimulatedPhone.h"
 
 #include <QCoreApplication>
@@ -25,7 +24,6 @@ int main(int argc, char **argv)
 {
     const QTemporaryDir directory; // outlives the application, which still writes when it goes
     QCoreApplication application(argc, argv);
-    libaplog_to_module_ptr = std::fopen("/dev/null", "w");
     SimulatedPhone &phone = SimulatedPhone::instance();
     phone.settings().setFile(directory.filePath(QStringLiteral("settings.db")));
     const bool hangs = argc > 1 && std::string_view(argv[1]) == "hanging";
