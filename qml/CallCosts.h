@@ -44,6 +44,12 @@ class CallCosts : public Kvq::Subject {
     Q_PROPERTY(Kvq::PriceSetting *price MEMBER m_price CONSTANT)
 
 public:
+    enum ChargeType { Units, Currency };
+    Q_ENUM(ChargeType)
+
+    enum Display { NotShown, Shown };
+    Q_ENUM(Display)
+
     explicit CallCosts(QObject *parent = nullptr);
 
     bool isLimited() const;

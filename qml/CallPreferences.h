@@ -27,6 +27,26 @@ class CallPreferences : public Kvq::Subject {
     Q_PROPERTY(Kvq::IntSetting *textTelephone MEMBER m_textTelephone CONSTANT)
 
 public:
+    /** What the stored numbers mean is up to the applications of the phone; the module names them so. */
+    enum SearchMode {
+        FromBeginning = PHONE_SETUP_SEARCH_MODE_DEFAULT,
+        Anywhere,
+    };
+    Q_ENUM(SearchMode)
+
+    enum Hyphenation {
+        NotHyphenated = PHONE_SETUP_HYPHENATION_DEFAULT,
+        Hyphenated,
+    };
+    Q_ENUM(Hyphenation)
+
+    enum ToneType { ShortTones, LongTones };
+    Q_ENUM(ToneType)
+
+    /** With one carried over, the other of hearing and speaking goes through the text telephone. */
+    enum TextTelephone { FullText, HearingCarriedOver, VoiceCarriedOver, NoText };
+    Q_ENUM(TextTelephone)
+
     explicit CallPreferences(QObject *parent = nullptr);
 
 Q_SIGNALS:

@@ -20,6 +20,16 @@ bool offers(Setup &setup, _TAPI_RESULT_E (Setup::*get)(Value &))
     return isOffered((setup.*get)(value));
 }
 
+/**
+ * For operations that tell of a failure and not of its reason: only a phone whose other services answer is known to lack
+ * this one.
+ */
+bool isOffered(bool success, Setup &setup)
+{
+    bool waiting = false;
+    return success || setup.isCallWaiting(waiting) != TAPI_RESULT_SUCC;
+}
+
 using Question = bool (*)(Engine &engine);
 
 /** In the order of Features::Feature. */
@@ -51,14 +61,14 @@ constexpr std::array<Question, 14> questions = {
         const _TAPI_RESULT_E result = engine.setup.getUSIMAccountList(labels, activeIndex, count);
         return result != TAPI_RESULT_SUCC || !labels.isEmpty();
     },
-    // These two tell of a failure and not of its reason.
     [](Engine &engine) {
         _TAPI_NETWORK_SEARCH_MODE_E mode = TAPI_NETWORK_SEARCH_AUTOMATIC;
-        return engine.network.getSearchMode(&mode);
+        return isOffered(engine.network.getSearchMode(&mode), engine.setup);
     },
     [](Engine &engine) {
         unsigned int capacity = 0;
-        return engine.network.getCapacityPreferedNetwork(&capacity) && capacity > 0;
+        const bool success = engine.network.getCapacityPreferedNetwork(&capacity);
+        return success ? capacity > 0 : isOffered(false, engine.setup);
     },
     [](Engine &engine) { return offers(engine.setup, &Setup::getMeterDisplay); },
     [](Engine &engine) {

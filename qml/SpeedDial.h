@@ -23,6 +23,10 @@ class SpeedDial : public Kvq::ListSubject {
     QML_ELEMENT
 
 public:
+    /** Where else the number is kept. The phone stores the number of it for its applications. */
+    enum Location { OnPhone, OnSim, Nowhere };
+    Q_ENUM(Location)
+
     explicit SpeedDial(QObject *parent = nullptr);
 
     Q_INVOKABLE Kvq::Request *setNumber(int slot, const QString &number);

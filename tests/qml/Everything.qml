@@ -14,6 +14,10 @@ Item {
     readonly property Setting any: forwarding.noReply
     readonly property bool hides: callerId.restriction.value === CallerId.Invoke
     readonly property bool blocked: pins.pin2Status.value === SimPins.Blocked
+    readonly property var named: [
+        CallPreferences.Anywhere, CallPreferences.Hyphenated, CallPreferences.LongTones, CallPreferences.NoText,
+        CallCosts.Currency, CallCosts.Shown, SpeedDial.OnSim
+    ]
     readonly property string price: costs.price.unitPrice + costs.price.currency
     readonly property bool known: rule(forwarding.whenBusy) && preferences.state === CallSetup.Ready
 
