@@ -40,6 +40,7 @@ Column {
     width: parent ? parent.width : implicitWidth
 
     SettingRow {
+        lined: card.y > 0
         label: card.number !== "" ? card.number : qsTr("Unknown number")
         description: card.stateText
         symbol: card.incoming ? "incoming" : "outgoing"
@@ -51,6 +52,9 @@ Column {
         id: flow
 
         readonly property real half: (width - spacing) / 2
+        /** Hanging up takes what the others leave of the last line. */
+        readonly property int others: Number(card.canAnswer) + Number(card.canHold) + Number(card.canRetrieve)
+            + Number(card.canSplit) + Number(card.canTransfer)
 
         x: Theme.margin
         width: parent.width - 2 * Theme.margin
@@ -101,7 +105,7 @@ Column {
 
         PushButton {
             objectName: "hang-up"
-            width: flow.half
+            width: flow.others % 2 === 1 ? flow.half : flow.width
             symbol: "hang-up"
             text: card.ringing ? qsTr("Reject") : qsTr("Hang up")
             filled: true

@@ -6,11 +6,15 @@ SettingRow {
     /** The model that is empty. */
     required property var subject
     property string text: qsTr("Nothing here")
+    /** What that means. */
+    property string meaning
 
     readonly property bool read: subject.state === CallSetup.Ready
 
     label: read ? text : subject.busy ? qsTr("Reading …") : qsTr("Not read")
+    description: read ? meaning : ""
     ink: Theme.quiet
+    known: read
     busy: subject.busy
     failure: Words.of(subject)
     onRetry: subject.refresh()

@@ -11,16 +11,30 @@ SettingsPage {
 
     signal picked(string name)
 
-    /** Gives the keyboard to the row of a page. */
-    function focusRow(name: string, reason: int): void {
+    /** The row of a page. */
+    function rowOf(name: string): Item {
         for (let group = 0; group < groups.count; ++group) {
             const rows = (groups.itemAt(group) as PageGroup).entries;
             for (let row = 0; row < rows.count; ++row) {
                 if (rows.itemAt(row).name === name)
-                    rows.itemAt(row).forceActiveFocus(reason);
+                    return rows.itemAt(row);
             }
         }
+        return null;
     }
+
+    /** Gives the keyboard to the row of a page. */
+    function focusRow(name: string, reason: int): void {
+        rowOf(name)?.forceActiveFocus(reason);
+    }
+
+    function showSelected(): void {
+        if (selected !== "")
+            scrollArea.show(rowOf(selected));
+    }
+
+    onSelectedChanged: Qt.callLater(list.showSelected) // qmllint disable
+    scrollArea.onHeightChanged: Qt.callLater(list.showSelected) // qmllint disable
 
     title: qsTr("Call settings")
 

@@ -9,6 +9,8 @@ Column {
     required property SimPins pins
     required property PinRequestSheet sheet
     required property string shortName
+    /** What can be done: to enter, change and unblock the PIN. */
+    required property var labels
     /** What the PIN, the old one, the new one, its repetition and the PUK are called. */
     required property var names
 
@@ -17,7 +19,7 @@ Column {
     PinRow {
         objectName: "enter-" + actions.shortName
         lined: true
-        label: qsTr("Enter")
+        label: actions.labels[0]
         done: qsTr("The SIM took it.")
         sheet: actions.sheet
         prompts: [actions.names[0]]
@@ -27,7 +29,7 @@ Column {
 
     PinRow {
         objectName: "change-" + actions.shortName
-        label: qsTr("Change")
+        label: actions.labels[1]
         done: qsTr("Changed.")
         sheet: actions.sheet
         prompts: [actions.names[1], actions.names[2], actions.names[3]]
@@ -37,7 +39,7 @@ Column {
 
     PinRow {
         objectName: "unblock-" + actions.shortName
-        label: qsTr("Unblock")
+        label: actions.labels[2]
         done: qsTr("Unblocked. The new one holds.")
         sheet: actions.sheet
         prompts: [actions.names[4], actions.names[2], actions.names[3]]

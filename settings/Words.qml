@@ -23,7 +23,7 @@ QtObject {
         case CallSetup.InvalidCall:
             return qsTr("This call has ended.");
         case CallSetup.Refused:
-            return qsTr("The network refused the request. Try again later, or ask your provider.");
+            return qsTr("The request was refused. Try again later, or ask your provider.");
         case CallSetup.SimUnavailable:
             return qsTr("The SIM does not answer. Check that it is inserted and unlocked.");
         case CallSetup.PinRejected:

@@ -5,12 +5,13 @@ Item {
     id: mark
 
     property bool busy
+    property int dot: 6
 
     readonly property bool shown: busy && waited
     property bool waited: false
 
-    implicitWidth: 32
-    implicitHeight: 24
+    implicitWidth: 3 * dot + 2 * dots.spacing + 6
+    implicitHeight: 4 * dot
     visible: shown
     Accessible.ignored: !shown
     Accessible.role: Accessible.Animation
@@ -28,20 +29,22 @@ Item {
     }
 
     Row {
+        id: dots
+
         anchors.centerIn: parent
-        spacing: 4
+        spacing: mark.dot - 2
 
         Repeater {
             model: 3
 
             Rectangle {
-                id: dot
+                id: circle
 
                 required property int index
 
-                width: 6
-                height: 6
-                radius: 3
+                width: mark.dot
+                height: mark.dot
+                radius: mark.dot / 2
                 color: Theme.accent
                 opacity: Theme.calm ? 1 : 0.3
 
@@ -50,11 +53,11 @@ Item {
                     running: mark.shown && !Theme.calm
                     loops: Animation.Infinite
 
-                    PauseAnimation { duration: 160 * dot.index }
+                    PauseAnimation { duration: 160 * circle.index }
                     PropertyAction { value: 1 }
                     PauseAnimation { duration: 320 }
                     PropertyAction { value: 0.3 }
-                    PauseAnimation { duration: 480 - 160 * dot.index }
+                    PauseAnimation { duration: 480 - 160 * circle.index }
                 }
             }
         }

@@ -12,6 +12,5 @@ SettingRow {
         anchors.verticalCenter: parent.verticalCenter
         symbol: "chevron-right"
         color: Theme.quiet
-        side: 20
     }
 }

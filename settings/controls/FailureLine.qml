@@ -7,8 +7,11 @@ Item {
     property string reason
     /** Empty when trying again makes no sense. */
     property string action: qsTr("Try again")
+    /** How far the ground stays away from the sides. */
+    property int inset: Theme.unit
 
-    signal retry()
+    /** @param byKey whether the keyboard asked for it */
+    signal retry(bool byKey)
 
     implicitHeight: visible ? layout.implicitHeight + Theme.unit + 4 : 0
     visible: reason !== ""
@@ -18,8 +21,8 @@ Item {
 
     Rectangle {
         anchors.fill: parent
-        anchors.leftMargin: Theme.unit
-        anchors.rightMargin: Theme.unit
+        anchors.leftMargin: line.inset
+        anchors.rightMargin: line.inset
         anchors.bottomMargin: Theme.unit
         radius: Theme.unit
         color: Theme.dangerSoft
@@ -61,7 +64,7 @@ Item {
             text: line.action
             visible: text !== ""
             ink: Theme.danger
-            onClicked: line.retry()
+            onClicked: line.retry(visualFocus)
         }
 
         Item {

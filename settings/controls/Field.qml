@@ -71,8 +71,9 @@ Column {
         onAccepted: field.accepted()
 
         Text {
-            x: parent.leftPadding
-            width: parent.width - parent.leftPadding - parent.rightPadding
+            // Beside the cursor, not under it.
+            x: parent.leftPadding + 3
+            width: parent.width - x - parent.rightPadding
             anchors.verticalCenter: parent.verticalCenter
             visible: input.text === "" && input.preeditText === ""
             text: field.hint

@@ -7,6 +7,8 @@ Item {
     property string title
     property bool hasBack
     property bool busy
+    /** Where the title begins when there is no way back: above the words of the page. */
+    property real indent: Theme.margin
     property Item backButton: back
 
     signal wentBack()
@@ -28,7 +30,7 @@ Item {
         id: name
 
         anchors.verticalCenter: parent.verticalCenter
-        x: back.visible ? back.x + back.width + Theme.unit / 2 : Theme.margin
+        x: back.visible ? back.x + back.width + Theme.unit / 2 : header.indent
         width: header.width - x - mark.width - Theme.margin
         text: header.title
         font.pixelSize: Theme.title

@@ -6,8 +6,6 @@ Sheet {
 
     /** What is asked for, one to three labels; the third repeats the second. */
     property var prompts: []
-    /** The tries that are left, in words; empty when the phone does not tell. */
-    property string tries
     property string verb: qsTr("OK")
     property int step: 0
     property int least: 4
@@ -106,10 +104,8 @@ Sheet {
 
         Text {
             width: parent.width
-            visible: text !== ""
-            text: sheet.prompts.length > 1
-                ? (sheet.step === 0 && sheet.tries !== "" ? sheet.tries : qsTr("Step %1 of %2").arg(sheet.step + 1).arg(sheet.prompts.length))
-                : sheet.tries
+            visible: sheet.prompts.length > 1
+            text: qsTr("Step %1 of %2").arg(sheet.step + 1).arg(sheet.prompts.length)
             font.pixelSize: Theme.small
             color: Theme.quiet
             wrapMode: Text.Wrap

@@ -9,10 +9,12 @@ T.Button {
     property bool filled
     property bool dangerous
 
-    readonly property color ground: dangerous ? (filled ? Theme.danger : Theme.dangerSoft)
-                                              : (filled ? Theme.accent : Theme.accentSoft)
-    readonly property color ink: dangerous ? (filled ? Theme.dangerInk : Theme.danger)
-                                           : (filled ? Theme.accentInk : Theme.accentSoftInk)
+    readonly property color ground: !enabled ? Theme.placeholder
+        : dangerous ? (filled ? Theme.danger : Theme.dangerSoft)
+        : (filled ? Theme.accent : Theme.accentSoft)
+    readonly property color ink: !enabled ? Theme.quiet
+        : dangerous ? (filled ? Theme.dangerInk : Theme.danger)
+        : (filled ? Theme.accentInk : Theme.accentSoftInk)
 
     function click(): void {
         if (enabled)
@@ -25,7 +27,6 @@ T.Button {
     verticalPadding: Theme.unit
     font.pixelSize: Theme.body
     font.weight: Font.Medium
-    opacity: enabled ? 1 : 0.45
 
     Accessible.name: text
     Keys.onReturnPressed: button.clicked()

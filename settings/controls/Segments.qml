@@ -2,74 +2,91 @@
 import QtQuick
 import QtQuick.Templates as T
 
-Rectangle {
+Column {
     id: segments
 
     /** Objects with a value and a text. */
     property var choices: []
     property var current
     property string label
+    /** Whether the label is shown above; it is read aloud in any case. */
+    property bool labelled: false
 
     signal picked(var value)
 
     width: parent ? parent.width : implicitWidth
-    implicitHeight: Theme.touch
-    radius: Theme.radius
-    color: Theme.surface
-    border.width: 1
-    border.color: Theme.hairline
+    spacing: Theme.unit / 2
     Accessible.role: Accessible.Grouping
     Accessible.name: label
 
-    Row {
-        id: row
+    Text {
+        width: parent.width
+        visible: segments.labelled
+        text: segments.label
+        font.pixelSize: Theme.small
+        color: Theme.quiet
+        wrapMode: Text.Wrap
+        Accessible.ignored: true
+    }
 
-        anchors.fill: parent
+    Rectangle {
+        width: parent.width
+        height: Theme.touch
+        radius: Theme.radius
+        color: Theme.surface
+        border.width: 1
+        border.color: Theme.hairline
 
-        Repeater {
-            model: segments.choices
+        Row {
+            id: row
 
-            T.AbstractButton {
-                id: segment
+            anchors.fill: parent
 
-                required property var modelData
+            Repeater {
+                model: segments.choices
 
-                readonly property bool current: modelData.value === segments.current
+                T.AbstractButton {
+                    id: segment
 
-                width: row.width / segments.choices.length
-                height: row.height
-                focusPolicy: Qt.StrongFocus
+                    required property var modelData
 
-                Accessible.role: Accessible.RadioButton
-                Accessible.name: modelData.text
-                Accessible.checkable: true
-                Accessible.checked: current
-                Keys.onReturnPressed: segment.clicked()
-                Keys.onEnterPressed: segment.clicked()
-                Keys.onLeftPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
-                Keys.onRightPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
-                onClicked: segments.picked(modelData.value)
+                    readonly property bool current: modelData.value === segments.current
 
-                contentItem: Text {
-                    text: segment.modelData.text
-                    font.pixelSize: Theme.body
-                    font.weight: segment.current ? Font.DemiBold : Font.Normal
-                    color: segment.current ? Theme.accentSoftInk : Theme.text
-                    horizontalAlignment: Text.AlignHCenter
-                    verticalAlignment: Text.AlignVCenter
-                    Accessible.ignored: true
-                }
+                    width: row.width / segments.choices.length
+                    height: row.height
+                    focusPolicy: Qt.StrongFocus
 
-                background: Item {
-                    Rectangle {
-                        anchors.fill: parent
-                        anchors.margins: 4
-                        radius: Theme.unit
-                        color: segment.down ? Theme.pressed : segment.current ? Theme.accentSoft : "transparent"
+                    Accessible.role: Accessible.RadioButton
+                    Accessible.name: modelData.text
+                    Accessible.checkable: true
+                    Accessible.checked: current
+                    Keys.onReturnPressed: segment.clicked()
+                    Keys.onEnterPressed: segment.clicked()
+                    Keys.onLeftPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+                    Keys.onRightPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+                    onClicked: segments.picked(modelData.value)
+
+                    contentItem: Text {
+                        text: segment.modelData.text
+                        font.pixelSize: Theme.body
+                        font.weight: segment.current ? Font.DemiBold : Font.Normal
+                        color: segment.current ? Theme.accentSoftInk : Theme.text
+                        horizontalAlignment: Text.AlignHCenter
+                        verticalAlignment: Text.AlignVCenter
+                        Accessible.ignored: true
                     }
 
-                    FocusRing {
-                        shown: segment.visualFocus
+                    background: Item {
+                        Rectangle {
+                            anchors.fill: parent
+                            anchors.margins: 4
+                            radius: Theme.unit
+                            color: segment.down ? Theme.pressed : segment.current ? Theme.accentSoft : "transparent"
+                        }
+
+                        FocusRing {
+                            shown: segment.visualFocus
+                        }
                     }
                 }
             }

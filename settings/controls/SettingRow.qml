@@ -44,13 +44,42 @@ FocusScope {
     default property alias trailing: tail.data
     /** What opens below the line. */
     property alias below: extra.data
+    /** The page that the row stands on. */
+    property SettingsPage host: null
+    /** Its value could not be read, or is being read again since. */
+    property bool unread: false
+    /** The page tells the reason, for this row and others. */
+    readonly property bool toldAbove: unread && failure !== "" && host !== null && failure === host.commonFailure
 
     signal pressed()
     signal retry()
 
+    function noteReading(): void {
+        const before = unread;
+        unread = visible && !known && (failure !== "" || before && busy);
+        if (host !== null && (unread || before))
+            host.noteUnread(row, unread);
+    }
+
     function click(): void {
         if (enabled && pressable)
             pressed();
+    }
+
+    onFailureChanged: noteReading()
+    onKnownChanged: noteReading()
+    onBusyChanged: noteReading()
+    onVisibleChanged: noteReading()
+    Component.onCompleted: {
+        let item = parent;
+        while (item !== null && !(item instanceof SettingsPage))
+            item = item.parent;
+        host = item as SettingsPage;
+        noteReading();
+    }
+    Component.onDestruction: {
+        if (unread && host !== null)
+            host.noteUnread(row, false);
     }
 
     width: parent ? parent.width : implicitWidth
@@ -77,6 +106,7 @@ FocusScope {
                 - (sign.visible ? sign.width + content.spacing : 0)
                 - (tail.visible ? tail.width + content.spacing : 0)
                 - (mark.visible ? mark.width + content.spacing : 0)
+                - (warning.visible ? warning.width + content.spacing : 0)
             readonly property bool stacked: row.value !== ""
                 && name.implicitWidth + ending.implicitWidth + content.spacing > room
 
@@ -149,10 +179,20 @@ FocusScope {
                     }
                 }
 
+                // In the place of the value that is read.
                 BusyMark {
                     id: mark
 
-                    busy: row.busy
+                    busy: row.busy && !row.known && !row.checkable
+                }
+
+                Icon {
+                    id: warning
+
+                    visible: row.toldAbove
+                    symbol: "alert"
+                    color: Theme.danger
+                    side: 20
                 }
 
                 Rectangle {
@@ -188,6 +228,16 @@ FocusScope {
                 FocusRing {
                     shown: line.visualFocus
                 }
+
+                // Below the value or the switch, so that nothing moves while it is written.
+                BusyMark {
+                    anchors.right: parent.right
+                    anchors.rightMargin: Theme.margin + (row.checkable ? (tail.width - width) / 2 : 0)
+                    anchors.bottom: parent.bottom
+                    dot: 4
+                    implicitHeight: 12
+                    busy: row.busy && (row.known || row.checkable)
+                }
             }
         }
 
@@ -199,9 +249,13 @@ FocusScope {
 
         FailureLine {
             width: parent.width
-            reason: row.failure
+            reason: row.toldAbove ? "" : row.failure
             action: row.failureAction
-            onRetry: row.retry()
+            onRetry: byKey => {
+                // The button goes with the failure, so the keyboard goes to the row.
+                line.forceActiveFocus(byKey ? Qt.TabFocusReason : Qt.OtherFocusReason);
+                row.retry();
+            }
         }
     }
 }

@@ -1,7 +1,5 @@
-// A page: its header, and sections that scroll below it. The arrow keys move from control to control, and what has the
-// keyboard is always in view.
+// A page: its header, and sections that scroll below it. The arrow keys move from control to control.
 import QtQuick
-import QtQuick.Templates as T
 
 FocusScope {
     id: page
@@ -13,9 +11,45 @@ FocusScope {
     default property alias sections: column.data
     /** Stands below the header and does not scroll. */
     property alias pinned: fixed.data
-    readonly property alias flickable: scroll
+    readonly property alias scrollArea: scroll
+    /** Why nothing could be read, where the reason is the same for several rows: told once, above them. */
+    property string commonFailure
+    property var unreadRows: []
 
     signal wentBack()
+
+    /** A row could not be read, or that is over. */
+    function noteUnread(row: Item, is: bool): void {
+        unreadRows = unreadRows.filter(other => other !== row);
+        if (is)
+            unreadRows.push(row);
+        Qt.callLater(page.compareFailures); // qmllint disable
+    }
+
+    function compareFailures(): void {
+        const counts = new Map();
+        for (const row of unreadRows) {
+            if (row.failure !== "")
+                counts.set(row.failure, (counts.get(row.failure) ?? 0) + 1);
+        }
+        let common = "";
+        for (const [failure, count] of counts) {
+            if (count > 1 && count > (counts.get(common) ?? 0))
+                common = failure;
+        }
+        // While rows are read again the reason stays until it is known whether it still holds.
+        if (common !== "" || !unreadRows.some(row => row.busy))
+            commonFailure = common;
+    }
+
+    /** Reads all rows again that could not be read for the common reason. */
+    function readAgain(byKey: bool): void {
+        const rows = unreadRows.filter(row => row.toldAbove);
+        if (rows.length > 0)
+            rows[0].forceActiveFocus(byKey ? Qt.TabFocusReason : Qt.OtherFocusReason);
+        for (const row of rows)
+            row.retry();
+    }
 
     function focusFirst(reason: int): void {
         const first = scroll.nextItemInFocusChain(true);
@@ -41,31 +75,7 @@ FocusScope {
         if (to && contains(to) && (from === scroll || to.mapToItem(page, 0, 0).y > from.mapToItem(page, 0, 0).y === forward))
             to.forceActiveFocus(forward ? Qt.TabFocusReason : Qt.BacktabFocusReason);
         else
-            scrollBy(forward ? 64 : -64);
-    }
-
-    function scrollBy(distance: real): void {
-        scroll.contentY = Math.max(0, Math.min(scroll.contentY + distance, scroll.contentHeight - scroll.height));
-    }
-
-    function showFocus(): void {
-        const item = page.Window.activeFocusItem;
-        if (item)
-            show(item);
-    }
-
-    function show(item: Item): void {
-        for (let i = item; i !== column; i = i.parent) {
-            if (!i)
-                return;
-        }
-        const top = item.mapToItem(column, 0, 0).y;
-        const bottom = top + item.height;
-        if (top - Theme.margin < scroll.contentY)
-            scroll.contentY = Math.max(0, top - Theme.margin);
-        else if (bottom + Theme.margin > scroll.contentY + scroll.height)
-            scroll.contentY = Math.min(Math.max(0, scroll.contentHeight - scroll.height),
-                                       bottom + Theme.margin - scroll.height);
+            scroll.scrollBy(forward ? 64 : -64);
     }
 
     Accessible.role: Accessible.Pane
@@ -74,20 +84,12 @@ FocusScope {
     Keys.onDownPressed: step(true)
     Keys.onPressed: event => {
         if (event.key === Qt.Key_PageDown)
-            scrollBy(scroll.height - 64);
+            scroll.scrollBy(scroll.height - 64);
         else if (event.key === Qt.Key_PageUp)
-            scrollBy(64 - scroll.height);
+            scroll.scrollBy(64 - scroll.height);
         else
             return;
         event.accepted = true;
-    }
-
-    Connections {
-        target: page.Window.window
-        function onActiveFocusItemChanged() {
-            // Once everything has found its place.
-            Qt.callLater(page.showFocus); // qmllint disable
-        }
     }
 
     PageHeader {
@@ -98,27 +100,40 @@ FocusScope {
         title: page.title
         hasBack: page.hasBack
         busy: page.busy
+        indent: column.x - x + Theme.margin
         onWentBack: page.wentBack()
     }
 
     Column {
-        id: fixed
+        id: above
 
         anchors.top: header.bottom
         x: column.x
         width: column.width
+
+        FailureLine {
+            objectName: "commonFailure"
+            width: parent.width
+            inset: 0
+            reason: page.commonFailure
+            onRetry: byKey => page.readAgain(byKey)
+        }
+
+        Column {
+            id: fixed
+
+            width: parent.width
+            bottomPadding: children.length > 0 ? Theme.unit : 0
+        }
     }
 
-    Flickable {
+    ScrollArea {
         id: scroll
 
-        anchors.top: fixed.bottom
+        anchors.top: above.bottom
         anchors.bottom: parent.bottom
         width: parent.width
         contentHeight: column.implicitHeight
-        clip: true
-        boundsBehavior: Flickable.StopAtBounds
-        T.ScrollBar.vertical: ScrollMark {}
 
         Column {
             id: column

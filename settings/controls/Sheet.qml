@@ -41,7 +41,7 @@ T.Popup {
     y: parent ? Math.round((wide ? (parent.height - height) / 2 : parent.height - height) + rise * height / 4) : 0
     width: parent ? Math.min(parent.width, 400) : 400
     height: Math.min(implicitHeight, parent ? parent.height - 2 * Theme.unit : implicitHeight)
-    implicitHeight: column.implicitHeight + topPadding + bottomPadding
+    implicitHeight: column.implicitHeight + Theme.margin + buttons.height + topPadding + bottomPadding
     padding: Theme.margin
     modal: true
     focus: true
@@ -85,106 +85,112 @@ T.Popup {
         }
     }
 
-    contentItem: Flickable {
-        id: scroll
-
-        contentHeight: column.implicitHeight
-        clip: contentHeight > height
-        boundsBehavior: Flickable.StopAtBounds
+    contentItem: Item {
         Accessible.role: Accessible.Dialog
         Accessible.name: sheet.title
-        T.ScrollBar.vertical: ScrollMark {}
 
-        Column {
-            id: column
+        ScrollArea {
+            id: scroll
 
-            width: scroll.width
-            spacing: Theme.margin
-
-            Text {
-                width: parent.width
-                text: sheet.title
-                font.pixelSize: Theme.title
-                font.weight: Font.DemiBold
-                color: Theme.text
-                wrapMode: Text.Wrap
-                Accessible.role: Accessible.Heading
-                Accessible.name: text
-            }
-
-            Text {
-                width: parent.width
-                visible: text !== ""
-                text: sheet.text
-                font.pixelSize: Theme.body
-                color: Theme.quiet
-                wrapMode: Text.Wrap
-                Accessible.role: Accessible.StaticText
-                Accessible.name: text
-            }
+            // Room for the mark of the scroll bar and, on all sides, for the ring around a button.
+            x: -Theme.unit / 2
+            width: parent.width + Theme.unit + Theme.unit / 2
+            height: parent.height - buttons.height - Theme.margin
+            contentHeight: column.implicitHeight
 
             Column {
-                id: body
+                id: column
 
-                width: parent.width
+                x: Theme.unit / 2
+                width: scroll.width - Theme.unit - Theme.unit / 2
                 spacing: Theme.margin
-                visible: children.length > 0
-            }
 
-            Row {
-                width: parent.width
-                visible: sheet.failure !== ""
-                spacing: Theme.unit
-                Accessible.role: Accessible.AlertMessage
-                Accessible.name: sheet.failure
-
-                Icon {
-                    id: sign
-
-                    symbol: "alert"
-                    color: Theme.danger
-                    side: 20
+                Text {
+                    width: parent.width
+                    text: sheet.title
+                    font.pixelSize: Theme.title
+                    font.weight: Font.DemiBold
+                    color: Theme.text
+                    wrapMode: Text.Wrap
+                    Accessible.role: Accessible.Heading
+                    Accessible.name: text
                 }
 
                 Text {
-                    width: parent.width - sign.width - parent.spacing
-                    text: sheet.failure
+                    width: parent.width
+                    visible: text !== ""
+                    text: sheet.text
                     font.pixelSize: Theme.body
-                    color: Theme.danger
+                    color: Theme.quiet
                     wrapMode: Text.Wrap
-                    Accessible.ignored: true
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: text
+                }
+
+                Column {
+                    id: body
+
+                    width: parent.width
+                    spacing: Theme.margin
+                    visible: children.length > 0
+                }
+
+                Row {
+                    width: parent.width
+                    visible: sheet.failure !== ""
+                    spacing: Theme.unit
+                    Accessible.role: Accessible.AlertMessage
+                    Accessible.name: sheet.failure
+
+                    Icon {
+                        id: sign
+
+                        symbol: "alert"
+                        color: Theme.danger
+                        side: 20
+                    }
+
+                    Text {
+                        width: parent.width - sign.width - parent.spacing
+                        text: sheet.failure
+                        font.pixelSize: Theme.body
+                        color: Theme.danger
+                        wrapMode: Text.Wrap
+                        Accessible.ignored: true
+                    }
                 }
             }
+        }
 
-            Row {
-                id: buttons
+        Row {
+            id: buttons
 
-                readonly property real side: (width - spacing) / 2
+            readonly property real side: (width - spacing) / 2
 
-                width: parent.width
-                spacing: Theme.unit
+            anchors.bottom: parent.bottom
+            width: parent.width
+            spacing: Theme.unit
 
-                PushButton {
-                    width: buttons.side
-                    height: Math.max(implicitHeight, yes.implicitHeight)
-                    text: sheet.cancel
-                    onClicked: sheet.close()
-                }
+            PushButton {
+                width: buttons.side
+                height: Math.max(implicitHeight, yes.implicitHeight)
+                text: sheet.cancel
+                onClicked: sheet.close()
+            }
 
-                PushButton {
-                    id: yes
+            PushButton {
+                id: yes
 
-                    width: buttons.side
-                    text: sheet.action
-                    filled: true
-                    dangerous: sheet.dangerous
-                    enabled: sheet.ready && !sheet.busy
-                    onClicked: sheet.accept()
+                width: buttons.side
+                text: sheet.action
+                filled: true
+                dangerous: sheet.dangerous
+                enabled: sheet.ready && !sheet.busy
+                onClicked: sheet.accept()
 
-                    BusyMark {
-                        anchors.centerIn: parent
-                        busy: sheet.busy
-                    }
+                BusyMark {
+                    anchors.centerIn: parent
+                    busy: sheet.busy
                 }
             }
         }

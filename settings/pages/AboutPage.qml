@@ -52,6 +52,7 @@ PhonePage {
 
         SettingRow {
             label: qsTr("Telephony")
+            known: CallSetup.connectionResult <= 0
             value: CallSetup.connected ? qsTr("Connected") : qsTr("Not connected")
             failure: CallSetup.connectionResult > 0
                 ? Words.sentence(CallSetup.connectionResult, CallSetup.connectionError) : ""

@@ -43,6 +43,7 @@ PhonePage {
         visible: waiting.available
 
         SettingSwitch {
+            objectName: "waiting"
             setting: waiting.enabled
             label: qsTr("Call waiting")
             description: qsTr("A call that comes in during another one is announced")

@@ -17,6 +17,8 @@ PhonePage {
         request = calls.dial(field.text);
     }
 
+    busy: request !== null && request.busy
+
     Section {
         heading: qsTr("Calls")
         visible: page.talking

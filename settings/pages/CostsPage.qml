@@ -7,8 +7,6 @@ import Kvq.Settings.Controls
 PhonePage {
     id: page
 
-    property Request limitRequest: null
-
     CallCosts {
         id: costs
     }
@@ -44,8 +42,8 @@ PhonePage {
             value: costs.limited ? costs.maximum.value : qsTr("No limit")
             description: qsTr("At the limit no more calls can be made")
             known: costs.maximum.known
-            busy: costs.maximum.busy || (page.limitRequest !== null && page.limitRequest.busy)
-            failure: Words.of(page.limitRequest) || Words.of(costs.maximum)
+            busy: costs.maximum.busy
+            failure: Words.of(costs.maximum)
             onPressed: limitSheet.start()
             onRetry: costs.maximum.retry()
         }
@@ -64,8 +62,8 @@ PhonePage {
             setting: costs.display
             label: qsTr("Show costs after a call")
             choices: [
-                { value: 0, text: qsTr("No") },
-                { value: 1, text: qsTr("Yes") }
+                { value: CallCosts.NotShown, text: qsTr("No") },
+                { value: CallCosts.Shown, text: qsTr("Yes") }
             ]
         }
 
@@ -73,8 +71,8 @@ PhonePage {
             setting: costs.chargeType
             label: qsTr("Show costs in")
             choices: [
-                { value: 0, text: qsTr("Units") },
-                { value: 1, text: qsTr("Currency") }
+                { value: CallCosts.Units, text: qsTr("Units") },
+                { value: CallCosts.Currency, text: qsTr("Currency") }
             ]
         }
     }
@@ -125,7 +123,6 @@ PhonePage {
         action: qsTr("Save")
         ready: amount.text !== ""
         onAccepted: {
-            page.limitRequest = null;
             costs.maximum.value = amount.text;
             close();
         }
@@ -140,12 +137,13 @@ PhonePage {
         }
 
         PushButton {
+            objectName: "remove-limit"
             width: parent ? parent.width : implicitWidth
             visible: costs.limited
             text: qsTr("Remove the limit")
             dangerous: true
             onClicked: {
-                page.limitRequest = costs.removeMaximum();
+                costs.removeMaximum();
                 limitSheet.close();
             }
         }

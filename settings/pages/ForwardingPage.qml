@@ -80,9 +80,15 @@ PhonePage {
         readonly property bool timed: rule !== null && rule === forwarding.noReply
             && forwarding.serviceClass === CallForwarding.Voice
 
+        /** What the phone proposes, if it can be chosen. */
+        readonly property int usualSeconds: {
+            const proposed = forwarding.defaultNoReplyTime.value;
+            return proposed === 5 || proposed === 10 ? proposed : 20;
+        }
+
         function edit(rule: ForwardingRule, heading: string): void {
             sheet.rule = rule;
-            seconds = rule.noReplyTime !== 0 ? rule.noReplyTime : 20;
+            seconds = rule.noReplyTime !== 0 ? rule.noReplyTime : usualSeconds;
             start(heading, rule.number, rule.active ? qsTr("Save") : qsTr("Turn on"));
         }
 
@@ -96,6 +102,7 @@ PhonePage {
             Segments {
                 visible: sheet.timed
                 label: qsTr("Wait before forwarding")
+                labelled: true
                 choices: [
                     { value: 5, text: qsTr("5 s") },
                     { value: 10, text: qsTr("10 s") },

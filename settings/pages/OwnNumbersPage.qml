@@ -46,7 +46,7 @@ PhonePage {
             visible: numbers.count === 0
             subject: numbers
             text: qsTr("No numbers")
-            description: qsTr("The SIM has no room for own numbers.")
+            meaning: qsTr("The SIM has no room for own numbers.")
         }
     }
 
@@ -69,7 +69,7 @@ PhonePage {
             visible: accounts.count === 0
             subject: accounts
             text: qsTr("No accounts")
-            description: qsTr("The SIM has a single subscription.")
+            meaning: qsTr("The SIM has a single subscription.")
         }
     }
 

@@ -17,6 +17,7 @@ PhonePage {
         }
 
         SettingSwitch {
+            objectName: "any-key"
             setting: preferences.anyKeyAnswer
             label: qsTr("Answer with any key")
         }
@@ -48,8 +49,8 @@ PhonePage {
             setting: preferences.hyphenation
             label: qsTr("Group the digits of numbers")
             choices: [
-                { value: 0, text: qsTr("No") },
-                { value: 1, text: qsTr("Yes") }
+                { value: CallPreferences.NotHyphenated, text: qsTr("No") },
+                { value: CallPreferences.Hyphenated, text: qsTr("Yes") }
             ]
         }
 
@@ -57,8 +58,18 @@ PhonePage {
             setting: preferences.toneType
             label: qsTr("Keypad tones in a call")
             choices: [
-                { value: 0, text: qsTr("Short") },
-                { value: 1, text: qsTr("As long as the key is pressed") }
+                { value: CallPreferences.ShortTones, text: qsTr("Short") },
+                { value: CallPreferences.LongTones, text: qsTr("As long as the key is pressed") }
+            ]
+        }
+
+        SettingChoice {
+            objectName: "search-names"
+            setting: preferences.searchMode
+            label: qsTr("Search names")
+            choices: [
+                { value: CallPreferences.FromBeginning, text: qsTr("From the beginning") },
+                { value: CallPreferences.Anywhere, text: qsTr("Anywhere in them") }
             ]
         }
     }
@@ -113,10 +124,10 @@ PhonePage {
             setting: preferences.textTelephone
             label: qsTr("Text telephone")
             choices: [
-                { value: 3, text: qsTr("Off") },
-                { value: 0, text: qsTr("Full") },
-                { value: 1, text: qsTr("Type, and hear") },
-                { value: 2, text: qsTr("Speak, and read") }
+                { value: CallPreferences.NoText, text: qsTr("Off") },
+                { value: CallPreferences.FullText, text: qsTr("Full") },
+                { value: CallPreferences.HearingCarriedOver, text: qsTr("Type, and hear") },
+                { value: CallPreferences.VoiceCarriedOver, text: qsTr("Speak, and read") }
             ]
         }
     }

@@ -53,6 +53,7 @@ PhonePage {
             pins: pins
             sheet: sheet
             shortName: "pin"
+            labels: [qsTr("Enter PIN"), qsTr("Change PIN"), qsTr("Unblock PIN")]
             names: [qsTr("PIN"), qsTr("Old PIN"), qsTr("New PIN"), qsTr("New PIN again"), qsTr("PUK")]
         }
     }
@@ -73,6 +74,7 @@ PhonePage {
             pins: pins
             sheet: sheet
             shortName: "pin2"
+            labels: [qsTr("Enter PIN2"), qsTr("Change PIN2"), qsTr("Unblock PIN2")]
             names: [qsTr("PIN2"), qsTr("Old PIN2"), qsTr("New PIN2"), qsTr("New PIN2 again"), qsTr("PUK2")]
         }
     }
@@ -92,6 +94,7 @@ PhonePage {
             pins: pins
             sheet: sheet
             shortName: "upin"
+            labels: [qsTr("Enter universal PIN"), qsTr("Change universal PIN"), qsTr("Unblock universal PIN")]
             names: [qsTr("Universal PIN"), qsTr("Old PIN"), qsTr("New PIN"), qsTr("New PIN again"), qsTr("PUK")]
         }
     }

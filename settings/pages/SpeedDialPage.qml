@@ -7,14 +7,16 @@ import Kvq.Settings.Controls
 PhonePage {
     id: page
 
-    busy: slots.count === 0 && slots.busy
+    function locationText(location: int): string {
+        return location === SpeedDial.OnPhone ? qsTr("Kept on the phone")
+            : location === SpeedDial.OnSim ? qsTr("Kept on the SIM") : "";
+    }
 
     SpeedDial {
         id: slots
     }
 
     Section {
-
         Repeater {
             model: slots
 
@@ -25,31 +27,27 @@ PhonePage {
                 required property string number
                 required property string dialled
                 required property bool oneTouch
+                required property int location
 
                 property Request request: null
+                property Request locationRequest: null
 
                 objectName: "slot" + slot
                 label: qsTr("Key %1").arg(slot)
                 value: number !== "" ? number : qsTr("Empty")
-                description: oneTouch ? qsTr("The one-touch number %1 goes first").arg(dialled) : ""
+                description: oneTouch ? qsTr("The one-touch number %1 goes first").arg(dialled)
+                    : number !== "" ? page.locationText(location) : ""
                 known: slots.state !== CallSetup.Unknown
-                busy: request !== null && request.busy
-                failure: Words.of(request)
-                onPressed: {
-                    sheet.row = row;
-                    sheet.start(qsTr("Key %1").arg(slot), number, qsTr("Save"));
-                }
-                onRetry: {
-                    sheet.row = row;
-                    sheet.start(qsTr("Key %1").arg(slot), sheet.number, qsTr("Save"));
-                }
+                busy: (request !== null && request.busy) || (locationRequest !== null && locationRequest.busy)
+                failure: Words.of(request) || Words.of(locationRequest)
+                onPressed: sheet.edit(row, number)
+                onRetry: sheet.edit(row, sheet.row === row ? sheet.number : number)
             }
         }
 
-        FailureLine {
-            width: parent.width
-            reason: slots.count === 0 ? Words.of(slots) : ""
-            onRetry: slots.refresh()
+        EmptyRow {
+            visible: slots.count === 0
+            subject: slots
         }
     }
 
@@ -57,12 +55,31 @@ PhonePage {
         id: sheet
 
         property var row: null
+        property int location: SpeedDial.Nowhere
+
+        function edit(row: var, number: string): void {
+            sheet.row = row;
+            location = row.location;
+            start(qsTr("Key %1").arg(row.slot), number, qsTr("Save"));
+        }
 
         optional: true
-        text: qsTr("Without a number the key is empty.")
         onAccepted: {
             row.request = slots.setNumber(row.slot, number);
+            row.locationRequest = location !== row.location ? slots.setLocation(row.slot, location) : null;
             close();
+        }
+
+        more: Segments {
+            label: qsTr("Kept on")
+            labelled: true
+            choices: [
+                { value: SpeedDial.OnPhone, text: qsTr("Phone") },
+                { value: SpeedDial.OnSim, text: qsTr("SIM") },
+                { value: SpeedDial.Nowhere, text: qsTr("Neither") }
+            ]
+            current: sheet.location
+            onPicked: value => sheet.location = value
         }
     }
 }

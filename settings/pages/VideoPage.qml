@@ -7,8 +7,6 @@ import Kvq.Settings.Controls
 PhonePage {
     id: page
 
-    property Request request: null
-
     readonly property bool standard: video.cameraOffImage.value !== ""
         && video.cameraOffImage.value === video.defaultImage.value
     readonly property string pictureName: {
@@ -49,8 +47,8 @@ PhonePage {
         ChoiceRow {
             label: qsTr("Picture")
             known: video.cameraOffImage.known
-            busy: video.cameraOffImage.busy || (page.request !== null && page.request.busy)
-            failure: Words.of(page.request) || Words.of(video.cameraOffImage)
+            busy: video.cameraOffImage.busy
+            failure: Words.of(video.cameraOffImage)
             value: page.pictureName
             current: video.cameraOffImage.value === "" ? "none" : page.standard ? "standard" : "own"
             choices: [
@@ -61,8 +59,10 @@ PhonePage {
             onPicked: value => {
                 if (value === "own")
                     sheet.start();
+                else if (value === "none")
+                    video.useNoImage();
                 else
-                    page.request = value === "none" ? video.useNoImage() : video.useDefaultImage();
+                    video.useDefaultImage();
             }
             onRetry: video.cameraOffImage.retry()
         }
@@ -81,7 +81,6 @@ PhonePage {
         action: qsTr("Save")
         ready: path.text !== ""
         onAccepted: {
-            page.request = null;
             video.cameraOffImage.value = path.text;
             close();
         }

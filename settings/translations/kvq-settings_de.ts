@@ -920,10 +920,6 @@
 <context>
     <name>PinActions</name>
     <message>
-        <source>Enter</source>
-        <translation>Eingeben</translation>
-    </message>
-    <message>
         <source>The SIM took it.</source>
         <translation>Von der SIM angenommen.</translation>
     </message>
@@ -1108,6 +1104,18 @@
     <message>
         <source>Speak, and read</source>
         <translation>Sprechen und lesen</translation>
+    </message>
+    <message>
+        <source>Search names</source>
+        <translation>Namen suchen</translation>
+    </message>
+    <message>
+        <source>From the beginning</source>
+        <translation>Am Anfang</translation>
+    </message>
+    <message>
+        <source>Anywhere in them</source>
+        <translation>Überall darin</translation>
     </message>
 </context>
 <context>
@@ -1298,6 +1306,42 @@
         <source>Turn off</source>
         <translation>Ausschalten</translation>
     </message>
+    <message>
+        <source>Enter PIN</source>
+        <translation>PIN eingeben</translation>
+    </message>
+    <message>
+        <source>Change PIN</source>
+        <translation>PIN ändern</translation>
+    </message>
+    <message>
+        <source>Unblock PIN</source>
+        <translation>PIN entsperren</translation>
+    </message>
+    <message>
+        <source>Enter PIN2</source>
+        <translation>PIN2 eingeben</translation>
+    </message>
+    <message>
+        <source>Change PIN2</source>
+        <translation>PIN2 ändern</translation>
+    </message>
+    <message>
+        <source>Unblock PIN2</source>
+        <translation>PIN2 entsperren</translation>
+    </message>
+    <message>
+        <source>Enter universal PIN</source>
+        <translation>Universal-PIN eingeben</translation>
+    </message>
+    <message>
+        <source>Change universal PIN</source>
+        <translation>Universal-PIN ändern</translation>
+    </message>
+    <message>
+        <source>Unblock universal PIN</source>
+        <translation>Universal-PIN entsperren</translation>
+    </message>
 </context>
 <context>
     <name>SettingRow</name>
@@ -1347,8 +1391,28 @@
         <translation>Speichern</translation>
     </message>
     <message>
-        <source>Without a number the key is empty.</source>
-        <translation>Ohne Nummer ist die Taste leer.</translation>
+        <source>Kept on the phone</source>
+        <translation>Auf dem Telefon</translation>
+    </message>
+    <message>
+        <source>Kept on the SIM</source>
+        <translation>Auf der SIM</translation>
+    </message>
+    <message>
+        <source>Kept on</source>
+        <translation>Gespeichert auf</translation>
+    </message>
+    <message>
+        <source>Phone</source>
+        <translation>Telefon</translation>
+    </message>
+    <message>
+        <source>SIM</source>
+        <translation>SIM</translation>
+    </message>
+    <message>
+        <source>Neither</source>
+        <translation>Keinem</translation>
     </message>
 </context>
 <context>
@@ -1444,10 +1508,6 @@
         <translation>Dieser Anruf ist beendet.</translation>
     </message>
     <message>
-        <source>The network refused the request. Try again later, or ask your provider.</source>
-        <translation>Das Netz hat abgelehnt. Versuchen Sie es später, oder fragen Sie Ihren Anbieter.</translation>
-    </message>
-    <message>
         <source>The SIM does not answer. Check that it is inserted and unlocked.</source>
         <translation>Die SIM antwortet nicht. Prüfen Sie, ob sie eingelegt und entsperrt ist.</translation>
     </message>
@@ -1502,6 +1562,10 @@
     <message>
         <source>It did not work (code %1).</source>
         <translation>Es hat nicht geklappt (Code %1).</translation>
+    </message>
+    <message>
+        <source>The request was refused. Try again later, or ask your provider.</source>
+        <translation>Die Anfrage wurde abgelehnt. Versuchen Sie es später erneut oder fragen Sie Ihren Anbieter.</translation>
     </message>
 </context>
 </TS>

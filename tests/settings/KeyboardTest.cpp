@@ -72,7 +72,7 @@ TEST_F(KeyboardTest, WalksThroughEveryPage)
             EXPECT_TRUE(!isControl(item) || visited.contains(&item))
                 << describe(item).toStdString() << " is not reached";
         });
-        const QQuickItem *const content = page()->property("flickable").value<QQuickItem *>();
+        const QQuickItem *const content = page()->property("scrollArea").value<QQuickItem *>();
         double last = -1e9;
         for (QQuickItem *const stop : stops) {
             EXPECT_TRUE(page()->isAncestorOf(stop)) << describe(*stop).toStdString() << " is not of the page";
@@ -159,14 +159,7 @@ TEST_F(KeyboardTest, MovesAPreferredNetwork)
         // Once the sheet is gone, the keyboard is where it was before.
         ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("add"))->hasActiveFocus(); }));
     }
-    const auto order = [&] {
-        QStringList codes;
-        visit(page(), [&](QQuickItem &item) {
-            if (item.property("networkId").isValid())
-                codes << item.property("networkId").toString();
-        });
-        return codes;
-    };
+    const auto order = [&] { return valuesOf("networkId"); };
     EXPECT_EQ(order().join(QLatin1Char(' ')), QStringLiteral("00101 00102 00103"));
 
     QQuickItem *const last = find(QStringLiteral("network:00103"));

@@ -24,16 +24,7 @@ protected:
     }
 
     /** The reasons that the page shows. */
-    QStringList failures() const
-    {
-        QStringList reasons;
-        visit(page(), [&](QQuickItem &item) {
-            const QString reason = item.property("reason").toString();
-            if (!reason.isEmpty())
-                reasons << reason;
-        });
-        return reasons;
-    }
+    QStringList failures() const { return valuesOf("reason"); }
 };
 
 TEST_F(PagesTest, TheEventLoopNeverWaits)
@@ -98,19 +89,34 @@ TEST_F(PagesTest, WhatTheProductLacksIsNotShown)
     EXPECT_TRUE(waitFor([&] { return !offeredPages().contains(QStringLiteral("caller-id")); }));
 }
 
-TEST_F(PagesTest, AFailureStandsUnderItsRowUntilItIsMended)
+TEST_F(PagesTest, WhatCannotBeReadIsToldOnceAboveTheRows)
 {
     phone().setAnswer("TAPI_CS_GetDivertStatus", {.result = refused, .out = {}, .times = -1});
     open(QStringLiteral("forwarding"));
     ASSERT_TRUE(settle());
-    EXPECT_EQ(failures().size(), 4);
-    EXPECT_TRUE(failures().constFirst().startsWith(QStringLiteral("The network refused")));
+    EXPECT_EQ(failures().size(), 1);
+    EXPECT_TRUE(failures().constFirst().startsWith(QStringLiteral("The request was refused")));
+    ASSERT_NE(find(QStringLiteral("commonFailure")), nullptr);
+    EXPECT_TRUE(find(QStringLiteral("always"))->property("toldAbove").toBool());
 
+    // One row can be read again by itself, and all that are left at once.
     phone().clearAnswer("TAPI_CS_GetDivertStatus");
     ASSERT_TRUE(QMetaObject::invokeMethod(find(QStringLiteral("always")), "retry"));
     ASSERT_TRUE(settle());
-    EXPECT_EQ(failures().size(), 3);
     EXPECT_EQ(find(QStringLiteral("always"))->property("value").toString(), QStringLiteral("Off"));
+    EXPECT_TRUE(find(QStringLiteral("no-reply"))->property("toldAbove").toBool());
+    ASSERT_TRUE(QMetaObject::invokeMethod(page(), "readAgain", Q_ARG(bool, true)));
+    ASSERT_TRUE(settle());
+    EXPECT_TRUE(waitFor([&] { return failures().isEmpty(); }));
+    EXPECT_EQ(find(QStringLiteral("commonFailure")), nullptr);
+
+    // Another reason is the row's own.
+    phone().setAnswer("TAPI_FTRDB_GetState", {.result = refused, .out = {}});
+    phone().setAnswer("TAPI_CS_GetVoiceWaitingStatus", {.result = 0x9001, .out = {}});
+    open(QStringLiteral("caller-id"));
+    ASSERT_TRUE(settle());
+    EXPECT_EQ(find(QStringLiteral("commonFailure")), nullptr);
+    EXPECT_EQ(failures().size(), 2);
 }
 
 TEST_F(PagesTest, ASwitchGoesBackWhenTheDiskIsFull)
@@ -133,6 +139,18 @@ TEST_F(PagesTest, ASwitchGoesBackWhenTheDiskIsFull)
     ASSERT_TRUE(settle());
     EXPECT_NE(row->property("checked").toBool(), before);
     EXPECT_TRUE(failures().isEmpty());
+}
+
+TEST_F(PagesTest, ALimitIsRemoved)
+{
+    open(QStringLiteral("costs"), {.calm = true});
+    ASSERT_TRUE(settle());
+    ASSERT_TRUE(QMetaObject::invokeMethod(find(QStringLiteral("limit")), "click"));
+    ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("remove-limit")) != nullptr; }));
+    ASSERT_TRUE(QMetaObject::invokeMethod(find(QStringLiteral("remove-limit")), "click"));
+    EXPECT_TRUE(waitFor([&] { return find(QStringLiteral("remove-limit")) == nullptr; }));
+    ASSERT_TRUE(settle());
+    EXPECT_EQ(find(QStringLiteral("limit"))->property("value").toString(), QStringLiteral("No limit"));
 }
 
 TEST_F(PagesTest, ACallThatComesInIsTakenOnAnyPage)

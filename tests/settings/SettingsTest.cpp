@@ -66,6 +66,17 @@ void SettingsTest::visit(QQuickItem *item, const std::function<void(QQuickItem &
         visit(child, tell);
 }
 
+QStringList SettingsTest::valuesOf(const char *property) const
+{
+    QStringList values;
+    visit(page(), [&](QQuickItem &item) {
+        const QString value = item.property(property).toString();
+        if (!value.isEmpty())
+            values << value;
+    });
+    return values;
+}
+
 bool SettingsTest::isControl(const QQuickItem &item)
 {
     return item.isEnabled() && item.activeFocusOnTab();

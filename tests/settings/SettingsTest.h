@@ -45,6 +45,8 @@ protected:
     /** Whether an item can be pressed or typed into. */
     static bool isControl(const QQuickItem &item);
     static QString describe(const QQuickItem &item);
+    /** What the items of the page have for a property, those that have it. */
+    QStringList valuesOf(const char *property) const;
 
 private:
     std::unique_ptr<Application> m_application;
