@@ -7,14 +7,41 @@ Column {
     id: list
 
     required property PreferredNetworks networks
+    /** The page's view, which scrolls on while a row is held at its edge. */
+    required property ScrollArea view
     /** The row that is being dragged, -1 for none, and the one that it would become. */
     property int dragged: -1
-    property int target: -1
+    readonly property int target: dragged < 0 ? -1 : find(dragged, travel)
+    /** How far the dragged row is from its place: as far as the finger moved, and the view beneath it. */
+    readonly property real travel: fingerTravel + view.contentY - viewStart
+    property real fingerTravel: 0
+    property real viewStart: 0
+    /** Where in the view the finger is. */
+    property real fingerPlace: 0
     /** The row whose handle gets the keyboard once the list shows the move. */
     property int followed: -1
 
     signal moved(int from, int to)
     signal removed(int row)
+
+    function take(row: int): void {
+        viewStart = view.contentY;
+        fingerTravel = 0;
+        dragged = row;
+    }
+
+    function drag(distance: real, scenePosition: point): void {
+        fingerTravel = distance;
+        fingerPlace = view.mapFromItem(null, scenePosition).y;
+    }
+
+    function drop(): void {
+        const from = dragged;
+        const to = target;
+        dragged = -1;
+        if (from >= 0 && from !== to)
+            moved(from, to);
+    }
 
     /** How far a row stands from its place while another one is dragged across it. */
     function shift(row: int): real {
@@ -52,6 +79,17 @@ Column {
     function follow(): void {
         if (followed >= 0 && followed < rows.count)
             (rows.itemAt(followed) as PreferredRow).handle.forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    Timer {
+        readonly property int direction: list.dragged < 0 ? 0
+            : list.fingerPlace < Theme.touch ? -1
+            : list.fingerPlace > list.view.height - Theme.touch ? 1 : 0
+
+        interval: 16
+        repeat: true
+        running: direction !== 0
+        onTriggered: list.view.scrollBy(direction * Theme.unit)
     }
 
     // The list is read again after a move, which may make its rows anew.

@@ -11,23 +11,24 @@ Item {
     /** The PreferredList that the row stands in. */
     property var owner: null
     readonly property alias handle: grip
+    readonly property bool dragged: owner !== null && owner.dragged === index
 
     objectName: "network:" + networkId
     width: owner ? owner.width : 0
     height: content.height
-    z: drag.active ? 1 : 0
+    z: dragged ? 1 : 0
 
     Rectangle {
         id: ground
 
         width: parent.width
         height: parent.height
-        y: drag.active ? drag.activeTranslation.y : row.owner ? row.owner.shift(row.index) : 0
+        y: row.dragged ? row.owner.travel : row.owner ? row.owner.shift(row.index) : 0
         radius: Theme.radius
-        color: drag.active ? Theme.pressed : "transparent"
+        color: row.dragged ? Theme.pressed : "transparent"
 
         Behavior on y {
-            enabled: row.owner !== null && row.owner.dragged >= 0 && !drag.active
+            enabled: row.owner !== null && row.owner.dragged >= 0 && !row.dragged
 
             NumberAnimation { duration: Theme.movement; easing.type: Easing.OutCubic }
         }
@@ -71,20 +72,14 @@ Item {
                     grabPermissions: PointerHandler.CanTakeOverFromAnything
 
                     onActiveChanged: {
-                        if (active) {
-                            row.owner.dragged = row.index;
-                            row.owner.target = row.index;
-                        } else {
-                            const from = row.owner.dragged;
-                            const to = row.owner.target;
-                            row.owner.dragged = -1;
-                            if (from >= 0 && from !== to)
-                                row.owner.moved(from, to);
-                        }
+                        if (active)
+                            row.owner.take(row.index);
+                        else
+                            row.owner.drop();
                     }
                     onActiveTranslationChanged: {
                         if (active)
-                            row.owner.target = row.owner.find(row.index, activeTranslation.y);
+                            row.owner.drag(activeTranslation.y, centroid.scenePosition);
                     }
                 }
             }

@@ -121,6 +121,16 @@ public:
         return {missing.begin(), missing.end()};
     }
 
+    void setPreferredNetworks(const std::vector<std::string> &networkIds) override
+    {
+        change([&networkIds](PhoneState &phone) {
+            phone.network.preferred.clear();
+            for (const std::string &id : networkIds)
+                phone.network.preferred.emplace(static_cast<unsigned int>(phone.network.preferred.size()),
+                                                id);
+        });
+    }
+
     void setLanguage(int language) override
     {
         const std::lock_guard lock(m_phone.mutex());
@@ -164,7 +174,7 @@ private:
 
 } // namespace
 
-SimulatedPhoneControl *kvq_simulated_phone_1()
+SimulatedPhoneControl *kvq_simulated_phone_2()
 {
     static Control control;
     return &control;

@@ -82,6 +82,8 @@ public:
     /** Whether the product has a feature; it has all at the start. */
     virtual void setFeature(unsigned short feature, bool offered) = 0;
     virtual std::vector<unsigned short> missingFeatures() = 0;
+    /** The SIM's list of the networks that the modem tries first, by network id. */
+    virtual void setPreferredNetworks(const std::vector<std::string> &networkIds) = 0;
     /** The system language; 20 and 22 have names of their own. */
     virtual void setLanguage(int language) = 0;
     virtual void setSettingsFile(const std::string &file) = 0;
@@ -96,8 +98,8 @@ protected:
  * What the simulated phone's library exports, to be looked up at run time. A change of the interface above changes the
  * name, so that a program never speaks to a phone of another time.
  */
-constexpr char simulatedPhoneEntry[] = "kvq_simulated_phone_1";
-extern "C" SimulatedPhoneControl *kvq_simulated_phone_1();
+constexpr char simulatedPhoneEntry[] = "kvq_simulated_phone_2";
+extern "C" SimulatedPhoneControl *kvq_simulated_phone_2();
 
 /** The simulated phone of this process, null when another platform library is loaded. */
 inline SimulatedPhoneControl *findSimulatedPhone()

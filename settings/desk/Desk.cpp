@@ -75,6 +75,16 @@ bool setMissing(SimulatedPhoneControl &phone, const QString &subject, bool missi
                    : phone.clearAnswer(lack->function);
 }
 
+bool prefer(SimulatedPhoneControl &phone, const QStringList &arguments)
+{
+    std::vector<std::string> networkIds;
+    const QStringList words = arguments[0].split(QLatin1Char(','), Qt::SkipEmptyParts);
+    for (const QString &word : words)
+        networkIds.push_back(word.toStdString());
+    phone.setPreferredNetworks(networkIds);
+    return true;
+}
+
 bool ring(SimulatedPhoneControl &phone, const QStringList &arguments)
 {
     return phone.ring(arguments[0].toStdString()) != 0;
@@ -105,6 +115,7 @@ constexpr std::array commands = {
             [](SimulatedPhoneControl &phone, const QStringList &arguments) {
                 return setMissing(phone, arguments[0], true);
             }},
+    Command{"prefer", "NETWORK,...", 1, prefer},
     Command{"disk-full", "", 0,
             [](SimulatedPhoneControl &phone, const QStringList &) {
                 phone.setDiskFull(true);

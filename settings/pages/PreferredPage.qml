@@ -10,6 +10,8 @@ PhonePage {
 
     property Request request: null
 
+    busy: request !== null && request.busy
+
     PreferredNetworks {
         id: networks
     }
@@ -24,6 +26,7 @@ PhonePage {
             id: list
 
             networks: networks
+            view: page.scrollArea
             onMoved: (from, to) => page.request = networks.move(from, to)
             onRemoved: row => page.request = networks.remove(row)
         }
@@ -32,7 +35,7 @@ PhonePage {
             visible: networks.count === 0
             subject: networks
             text: qsTr("No preferred networks")
-            description: read ? qsTr("The phone takes the strongest network that it may use.") : ""
+            meaning: qsTr("The phone takes the strongest network that it may use.")
         }
 
         FailureLine {
