@@ -1,12 +1,18 @@
 #!/usr/bin/env bash
 # Draws every page of the settings application to PNG, without a display: light and dark, on a phone and on a large
-# screen. The folder is build/screenshots unless another one is given.
+# screen; as it is, while the phone takes its time, and when requests fail. The folder is build/screenshots unless
+# another one is given, the language is English unless another one is.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/packages.sh
 
+language=en
+if [[ ${1-} == --language && $# -ge 2 ]]; then
+    language=$2
+    shift 2
+fi
 if (($# > 1)) || [[ ${1-} == -* ]]; then
-    echo "usage: scripts/screenshots.sh [FOLDER]" >&2
+    echo "usage: scripts/screenshots.sh [--language CODE] [FOLDER]" >&2
     exit 2
 fi
 folder=${1:-build/screenshots}
@@ -40,35 +46,53 @@ export QT_QPA_PLATFORM=offscreen QT_QUICK_BACKEND=software QT_SCALE_FACTOR=${SCA
 
 # draw NAME ARGUMENTS...: one picture in both themes and both sizes
 draw() {
-    local name=$1 theme size
+    local name=$1 theme size job
+    local jobs=()
     shift
     for theme in light dark; do
         for size in 320x568 1280x800; do
-            build/demo/settings/kvq-settings --no-desk --reduced-motion --theme "$theme" --size "$size" \
-                --screenshot "$folder/$name-$theme-$size.png" "$@" 2>"$private/log" || {
-                cat "$private/log" >&2
-                echo "error: $name was not drawn" >&2
-                exit 1
-            }
+            build/demo/settings/kvq-settings --no-desk --reduced-motion --language "$language" --theme "$theme" \
+                --size "$size" --screenshot "$folder/$name-$theme-$size.png" "$@" 2>>"$private/$name" &
+            jobs+=($!)
         done
+    done
+    for job in "${jobs[@]}"; do
+        wait "$job" || {
+            cat "$private/$name" >&2
+            echo "error: $name was not drawn" >&2
+            exit 1
+        }
     done
 }
 
+pages=(calls preferences speed-dial video forwarding caller-id costs lines security own-numbers networks preferred about)
+incoming=(--phone "ring +491715550100")
+many_networks=$(printf '262%02d,' {1..12})
+
 echo "== Drawing into $folder"
 draw list
-for page in calls preferences speed-dial video forwarding caller-id costs lines security own-numbers networks \
-    preferred about; do
+for page in "${pages[@]}"; do
     draw "$page" --page "$page"
+    draw "$page-busy" --page "$page" --phone "delay 20000" --screenshot-after 1500
+    draw "$page-failed" --page "$page" --phone "fail TAPI_* 0x8000"
 done
-draw calls-incoming --page calls --phone "ring +491715550100"
-draw incoming-elsewhere --page costs --phone "ring +491715550100"
-draw busy --page forwarding --phone "delay 20000" --screenshot-after 1500
-draw failed --page forwarding --phone "fail TAPI_CS_GetDivertStatus 0x8000"
-draw choice --page caller-id --press restriction
-draw pin --page security --press change-pin
-draw number --page forwarding --press no-reply
-for theme in light dark; do
-    build/demo/settings/kvq-settings --theme "$theme" --screenshot-of desk --screenshot "$folder/desk-$theme.png" \
-        2>/dev/null
+draw calls-incoming --page calls "${incoming[@]}"
+draw calls-held --page calls "${incoming[@]}" --press answer
+draw calls-many --page calls "${incoming[@]}" --phone "ring +491715550101" --phone "ring +491715550102"
+draw incoming-elsewhere --page costs "${incoming[@]}"
+draw forwarding-number --page forwarding --press no-reply
+draw caller-id-choice --page caller-id --press restriction
+draw caller-id-refused --page caller-id --phone "fail TAPI_CS_SetVoiceWaitingStatus 0x8000" --press waiting
+draw costs-limit --page costs --press limit
+draw security-pin --page security --press change-pin
+draw speed-dial-number --page speed-dial --press slot2
+draw own-number --page own-numbers --press number1
+draw networks-found --page networks --press search
+draw preferred-many --page preferred --phone "prefer $many_networks"
+draw preferred-add --page preferred --press add
+draw nothing-lacks --page calls --phone "fail TAPI_* 0x9000"
+for size in 440x800 1280x800; do
+    build/demo/settings/kvq-settings --language "$language" --size "$size" --screenshot-of desk \
+        --screenshot "$folder/desk-$size.png" 2>/dev/null
 done
 echo "$(find "$folder" -name '*.png' | wc -l) pictures"

@@ -184,7 +184,12 @@ QQuickItem *Application::find(QQuickItem *below, const QString &name)
 void Application::showDesk()
 {
     QQmlComponent component(&m_engine, QUrl(QStringLiteral("qrc:/qt/qml/Kvq/Desk/DeskWindow.qml")));
-    m_desk.reset(qobject_cast<QQuickWindow *>(component.create()));
+    QVariantMap properties;
+    if (m_options.screenshotOf == QLatin1String("desk") && m_options.size.isValid()) {
+        properties[QStringLiteral("width")] = m_options.size.width();
+        properties[QStringLiteral("height")] = m_options.size.height();
+    }
+    m_desk.reset(qobject_cast<QQuickWindow *>(component.createWithInitialProperties(properties)));
     if (!m_desk) {
         qWarning("%s", qPrintable(component.errorString()));
         return;

@@ -263,13 +263,15 @@ Window {
                             spacing: Paper.unit
 
                             DeskText {
-                                width: 120
+                                id: subject
+
+                                width: Math.max(120, parent.width / 3)
                                 text: fact.modelData.subject
                                 color: Paper.quiet
                             }
 
                             DeskText {
-                                width: parent.width - 120 - Paper.unit
+                                width: parent.width - subject.width - Paper.unit
                                 text: fact.modelData.text
                             }
                         }
