@@ -7,10 +7,10 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/packages.sh
 
-# What the build and its tests link.
+# What the build and its tests link and load.
 packages=(libc6-dev libgtest-dev libgmock-dev)
-for package in "${build_packages[@]}"; do
-    [[ $package == *-dev ]] && packages+=("$package")
+for package in "${build_packages[@]}" "${qml_packages[@]}"; do
+    [[ $package =~ ^(lib|qml6-)|-dev$ ]] && packages+=("$package")
 done
 
 (($# == 1)) || { echo "usage: scripts/sysroot.sh ARCHITECTURE" >&2; exit 2; }

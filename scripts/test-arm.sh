@@ -1,15 +1,15 @@
 #!/usr/bin/env bash
 # Builds the engine for the ARM processors of phones and runs its tests under the emulator: for 64 bits and for 32,
 # where pointers and longs in records are smaller. Holds the exported interface, the size and the Debian packages of
-# each. The whole is built as it ships; the QML module is left out, and so are the tests that need this machine's own
-# telephony daemon or compiler. The packages are left in build/ARCHITECTURE/packages.
+# each. The whole is built as it ships, and all is tested but what needs this machine's own telephony daemon or compiler.
+# The packages are left in build/ARCHITECTURE/packages.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/packages.sh
 
 limit=$((128 * 1024)) # of the stripped library
 
-need_packages "${build_packages[@]}" "${test_packages[@]}" "${arm_packages[@]}" "${deb_packages[@]}"
+need_packages "${build_packages[@]}" "${test_packages[@]}" "${qml_packages[@]}" "${arm_packages[@]}" "${deb_packages[@]}"
 for architecture in arm64 armhf; do
     scripts/sysroot.sh "$architecture"
     echo "== Building ($architecture)"

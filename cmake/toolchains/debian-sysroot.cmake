@@ -21,9 +21,13 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 set(ENV{PKG_CONFIG_SYSROOT_DIR} ${CMAKE_SYSROOT})
 set(ENV{PKG_CONFIG_LIBDIR} ${CMAKE_SYSROOT}/usr/lib/${KVQ_TRIPLET}/pkgconfig:${CMAKE_SYSROOT}/usr/share/pkgconfig)
 
-# The toolkit's own tools (moc) run here and come from this machine's packages.
+# The toolkit's own tools (moc, lrelease) run here and come from this machine's packages.
 set(QT_HOST_PATH /usr)
 set(QT_HOST_PATH_CMAKE_DIR /usr/lib/${CMAKE_HOST_SYSTEM_PROCESSOR}-linux-gnu/cmake)
+set(Qt6LinguistTools_DIR ${QT_HOST_PATH_CMAKE_DIR}/Qt6LinguistTools)
 
-# What is built runs under the emulator, with the sysroot's loader and libraries.
-set(CMAKE_CROSSCOMPILING_EMULATOR ${KVQ_EMULATOR} -L ${CMAKE_SYSROOT})
+# What is built runs under the emulator, with the sysroot's loader and libraries. The toolkit has to be told where its
+# own folders are, for the emulator does not redirect every look at a file.
+set(qt_folder ${CMAKE_SYSROOT}/usr/lib/${KVQ_TRIPLET}/qt6)
+set(CMAKE_CROSSCOMPILING_EMULATOR ${KVQ_EMULATOR} -L ${CMAKE_SYSROOT}
+    -E QT_PLUGIN_PATH=${qt_folder}/plugins -E QML2_IMPORT_PATH=${qt_folder}/qml)
