@@ -42,7 +42,9 @@ constexpr std::array<Question, 14> questions = {
     [](Engine &engine) { return engine.setup.isFixedDialingAvailable(); },
     [](Engine &engine) { return offers(engine.setup, &Setup::isCallWaiting); },
     [](Engine &engine) { return offers(engine.setup, &Setup::getCLIR); },
-    [](Engine &engine) { return offers(engine.setup, &Setup::currentLineNo); },
+    [](Engine &engine) { // a phone with a single line has none to lock
+        return offers(engine.setup, &Setup::currentLineNo) && offers(engine.setup, &Setup::curLineLockStatus);
+    },
     [](Engine &engine) { return offers(engine.setup, &Setup::readPin2Status); },
     [](Engine &engine) {
         _TAPI_SECURITY_PIN_STATUS_E status = TAPI_SECURITY_PIN_STATUS_NOT_USED;

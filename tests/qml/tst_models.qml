@@ -178,13 +178,17 @@ TestCase {
     function test_features() {
         desk.lackFeature(266)
         desk.answer("TAPI_CS_GetVoiceWaitingStatus", CallSetup.NotSupported)
+        desk.answer("TAPI_CPHS_GetLineLockStatus", CallSetup.NotSupported)
         desk.answer("TAPI_CS_GetChargeDisplay", 0x8000) // a failure is no lack
+        desk.answer("TAPI_NETWORK_GetSearchMode", CallSetup.ModemOffline) // nor is one without a reason
         const features = createTemporaryObject(featuresComponent, test)
         compare(features.callWaiting, true) // until it is known
         tryCompare(features, "ready", true)
         compare(features.hyphenation, false)
         compare(features.callWaiting, false)
+        compare(features.lines, false)
         compare(features.callCosts, true)
+        compare(features.networkSelection, true)
         compare(features.forwarding, true)
         compare(features.usimAccounts, true)
     }
