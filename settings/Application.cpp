@@ -9,10 +9,12 @@
 #include <QLocale>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QScreen>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTimer>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -194,12 +196,28 @@ void Application::showDesk()
         qWarning("%s", qPrintable(component.errorString()));
         return;
     }
+    standSideBySide();
     connect(m_desk.get(), SIGNAL(productChanged()), window(), SLOT(lookAgain()));
     // The phone's window is the application: the panel goes with it.
     connect(window(), &QWindow::visibleChanged, m_desk.get(), [this](bool visible) {
         if (!visible)
             m_desk->close();
     });
+}
+
+/** Where there is room on the screen, so that the panel does not cover the phone. */
+void Application::standSideBySide()
+{
+    constexpr int gap = 24;
+    const QRect room = window()->screen()->availableGeometry();
+    const int width = window()->width() + gap + m_desk->width();
+    if (width > room.width())
+        return;
+    const int left = room.left() + (room.width() - width) / 2;
+    const int top = room.top() + std::max(gap, (room.height() - window()->height()) / 2);
+    window()->setPosition(left, top);
+    m_desk->setPosition(left + window()->width() + gap, top);
+    window()->requestActivate();
 }
 
 bool Application::isSettled() const

@@ -51,6 +51,7 @@ public:
 
 private:
     void showDesk();
+    void standSideBySide();
     /** Presses and draws once the window has settled. */
     void proceed();
     bool isSettled() const;

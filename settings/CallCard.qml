@@ -44,7 +44,8 @@ Column {
         label: card.number !== "" ? card.number : qsTr("Unknown number")
         description: card.stateText
         symbol: card.incoming ? "incoming" : "outgoing"
-        busy: card.request !== null && card.request.busy
+        // What is asked of one call may change the others too.
+        busy: card.calls !== null && card.calls.busy
         large: true
     }
 

@@ -10,8 +10,8 @@ Column {
     /** False where the page shows the call itself. */
     required property bool wanted
 
-    /** A call was answered here. */
-    signal taken()
+    /** A call is being answered from here. */
+    signal taken(Request request)
 
     Repeater {
         model: bar.calls
@@ -22,6 +22,7 @@ Column {
             required property int callId
             required property string number
             required property int callState
+            property Request rejection: null
 
             width: bar.width
             height: layout.implicitHeight + 2 * Theme.unit
@@ -90,8 +91,7 @@ Column {
                         text: qsTr("Answer")
                         filled: true
                         onClicked: {
-                            bar.calls.answer(call.callId);
-                            bar.taken();
+                            bar.taken(bar.calls.answer(call.callId));
                         }
                     }
 
@@ -101,8 +101,16 @@ Column {
                         text: qsTr("Reject")
                         filled: true
                         dangerous: true
-                        onClicked: bar.calls.reject(call.callId)
+                        enabled: !(call.rejection !== null && call.rejection.busy)
+                        onClicked: call.rejection = bar.calls.reject(call.callId)
                     }
+                }
+
+                FailureLine {
+                    width: parent.width
+                    inset: 0
+                    reason: Words.of(call.rejection)
+                    action: ""
                 }
             }
         }

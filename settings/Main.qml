@@ -57,6 +57,8 @@ Window {
         pageList.focusRow(from, byKey ? Qt.TabFocusReason : Qt.OtherFocusReason);
     }
 
+    /** The request that answers a call, on its way to the page of calls. */
+    property Request taken: null
     /** Whether a move shows where the page came from; resizing the window does not. */
     property bool byHand: false
     /** Whether the page was opened by keyboard, and its first control is to show the focus. */
@@ -126,7 +128,10 @@ Window {
             width: parent.width
             calls: callTable
             wanted: window.shownPage !== "calls"
-            onTaken: window.open("calls")
+            onTaken: request => {
+                window.taken = request;
+                window.open("calls");
+            }
         }
 
         Item {
@@ -204,6 +209,8 @@ Window {
                         window.pageItem.title = kept.title;
                         window.pageItem.hasBack = !window.twoPanes;
                         window.pageItem.calls = callTable;
+                        window.pageItem.taken = window.taken;
+                        window.taken = null;
                         if (!window.twoPanes)
                             window.pageItem.focusFirst(window.byKey ? Qt.TabFocusReason : Qt.OtherFocusReason);
                     }

@@ -4,4 +4,6 @@ import Kvq.Settings.Controls
 
 SettingsPage {
     property Calls calls: null
+    /** The request that answers a call, when it led here. */
+    property Request taken: null
 }

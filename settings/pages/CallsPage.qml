@@ -8,16 +8,28 @@ PhonePage {
     id: page
 
     property Request request: null
+    property string dialled
 
     readonly property bool talking: calls !== null && calls.count > 0
 
     function dial(): void {
         if (field.text === "")
             return;
-        request = calls.dial(field.text);
+        dialled = field.text;
+        request = calls.dial(dialled);
     }
 
-    busy: request !== null && request.busy
+    Connections {
+        target: page.request
+
+        function onFinished() {
+            // From now on the keys are tones of the call.
+            if (page.request.result === CallSetup.Success && field.text === page.dialled)
+                field.text = "";
+        }
+    }
+
+    busy: request !== null && request.busy || taken !== null && taken.busy
 
     Section {
         heading: qsTr("Calls")
@@ -33,6 +45,12 @@ PhonePage {
                     transferSheet.start(qsTr("Transfer the call"), "", qsTr("Transfer"));
                 }
             }
+        }
+
+        FailureLine {
+            width: parent.width
+            reason: Words.of(page.taken)
+            action: ""
         }
 
         RequestRow {
