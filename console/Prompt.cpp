@@ -82,6 +82,31 @@ private:
     struct sigaction m_before = {};
 };
 
+/**
+ * While an operation runs, the first interrupt only says so: what was asked of the phone cannot be taken back, and to
+ * leave would lose the simulated one. The second leaves.
+ */
+class ImpatienceGuard {
+public:
+    ImpatienceGuard()
+    {
+        struct sigaction tell = {};
+        tell.sa_handler = [](int) {
+            static constexpr char text[] = "\nThe phone has not answered yet; a second interrupt leaves.\n";
+            if (::write(STDERR_FILENO, text, sizeof text - 1) < 0)
+                return; // nobody is there to be told
+        };
+        tell.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
+        sigaction(SIGINT, &tell, &m_before);
+    }
+    ~ImpatienceGuard() { sigaction(SIGINT, &m_before, nullptr); }
+    ImpatienceGuard(const ImpatienceGuard &) = delete;
+    ImpatienceGuard &operator=(const ImpatienceGuard &) = delete;
+
+private:
+    struct sigaction m_before = {};
+};
+
 /** Reads a character for the library, which would wait on through an interrupt. */
 int readCharacter(std::FILE *input)
 {
@@ -137,6 +162,7 @@ bool runPrompt(Session &session)
         add_history(line.toUtf8().constData());
     Status status = Status::Done;
     while (status != Status::Quit && !session.outputFailed()) {
+        const ImpatienceGuard whileItRuns;
         std::unique_ptr<char, decltype(&std::free)> line(nullptr, &std::free);
         {
             const InterruptGuard guard;

@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <csignal>
+#include <thread>
 
 #include <poll.h>
 #include <pty.h>
@@ -43,8 +44,12 @@ protected:
     /** Types something and waits until the console has shown what is expected and, after a line, prompts again. */
     void type(const std::string &keys, const std::string &expected)
     {
+        type(keys, expected, keys.back() == '\r' || keys.back() == '\003');
+    }
+    void type(const std::string &keys, const std::string &expected, bool untilPrompt)
+    {
         ASSERT_EQ(write(m_terminal, keys.data(), keys.size()), static_cast<ssize_t>(keys.size()));
-        waitFor(expected, keys.back() == '\r' || keys.back() == '\003');
+        waitFor(expected, untilPrompt);
     }
 
     /** Types the last line and gives the exit status. */
@@ -66,7 +71,6 @@ protected:
     }
     QString historyFile() const { return m_directory.filePath(QStringLiteral("kvq-phone/history")); }
 
-private:
     void waitFor(const std::string &expected, bool untilPrompt = true)
     {
         const auto isThere = [&](const std::string &shown) {
@@ -85,6 +89,7 @@ private:
         EXPECT_THAT(shown, HasSubstr(expected));
     }
 
+private:
     QTemporaryDir m_directory;
     int m_terminal = -1;
     pid_t m_console = -1;
@@ -99,6 +104,24 @@ TEST_F(PromptTest, AnInterruptDropsTheLineAndKeepsPhoneAndHistory)
     type("isReminder\r", "result = ");
     EXPECT_EQ(history(), "setLineNo 2\nisReminder\n");
     EXPECT_EQ(leave(), 0);
+}
+
+TEST_F(PromptTest, OnlyASecondInterruptLeavesAnOperationThatWaits)
+{
+    const std::string told = "a second interrupt leaves";
+    type(".delay TAPI_CS_* 500\r", "> ");
+    for (int time = 0; time < 2; ++time) { // each operation has its own first
+        type("setLineNo 2\r", "\n", false);
+        std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        type("\003", told, false);
+        waitFor("result = 0");
+    }
+    type(".delay TAPI_CS_* 60000\r", "> ");
+    type("setLineNo 1\r", "\n", false);
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    type("\003", told, false);
+    type("\003", "", false);
+    EXPECT_EQ(leave(), -1);
 }
 
 TEST_F(PromptTest, NamesAndArgumentWordsAreCompleted)
