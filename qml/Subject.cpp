@@ -142,23 +142,23 @@ void Activity::update()
     Q_EMIT changed();
 }
 
+void Item::componentComplete()
+{
+    if (autoRefresh())
+        m_activity->refresh();
+}
+
 Subject::Subject(QObject *parent)
     : QObject(parent)
-    , m_activity(new Activity(this))
+    , Item(this)
 {
     connect(m_activity, &Activity::changed, this, &Subject::stateChanged);
     connect(m_activity, &Activity::autoRefreshChanged, this, &Subject::autoRefreshChanged);
 }
 
-void Subject::componentComplete()
-{
-    if (autoRefresh())
-        refresh();
-}
-
 ListSubject::ListSubject(QObject *parent)
     : QAbstractListModel(parent)
-    , m_activity(new Activity(this))
+    , Item(this)
 {
     connect(m_activity, &Activity::changed, this, &ListSubject::stateChanged);
     connect(m_activity, &Activity::autoRefreshChanged, this, &ListSubject::autoRefreshChanged);
@@ -179,12 +179,6 @@ QVariant ListSubject::data(const QModelIndex &index, int role) const
 QHash<int, QByteArray> ListSubject::roleNames() const
 {
     return m_rows->roleNames();
-}
-
-void ListSubject::componentComplete()
-{
-    if (autoRefresh())
-        refresh();
 }
 
 } // namespace Kvq

@@ -90,8 +90,31 @@ private:
     bool m_available = true;
 };
 
+/** What items have in common, models or not; the properties themselves stand in both bases, where moc reads them. */
+class Item : public QQmlParserStatus {
+public:
+    CallSetup::State state() const { return m_activity->state(); }
+    bool isBusy() const { return state() == CallSetup::Busy; }
+    int result() const { return m_activity->result(); }
+    QString error() const { return Results::text(result()); }
+    bool isAvailable() const { return m_activity->isAvailable(); }
+    bool autoRefresh() const { return m_activity->refreshesItself(); }
+    void setAutoRefresh(bool on) { m_activity->setRefreshesItself(on); }
+
+    void classBegin() override { }
+    void componentComplete() override;
+
+protected:
+    explicit Item(QObject *item)
+        : m_activity(new Activity(item))
+    {
+    }
+
+    Activity *const m_activity;
+};
+
 /** The base of all types that are no models. */
-class Subject : public QObject, public QQmlParserStatus {
+class Subject : public QObject, public Item {
     Q_OBJECT
     Q_INTERFACES(QQmlParserStatus)
     QML_ELEMENT
@@ -106,26 +129,12 @@ class Subject : public QObject, public QQmlParserStatus {
 public:
     explicit Subject(QObject *parent = nullptr);
 
-    CallSetup::State state() const { return m_activity->state(); }
-    bool isBusy() const { return state() == CallSetup::Busy; }
-    int result() const { return m_activity->result(); }
-    QString error() const { return Results::text(result()); }
-    bool isAvailable() const { return m_activity->isAvailable(); }
-    bool autoRefresh() const { return m_activity->refreshesItself(); }
-    void setAutoRefresh(bool on) { m_activity->setRefreshesItself(on); }
-
     Q_INVOKABLE void refresh() { m_activity->refresh(); }
     Q_INVOKABLE void cancel() { m_activity->cancel(); }
-
-    void classBegin() override { }
-    void componentComplete() override;
 
 Q_SIGNALS:
     void stateChanged();
     void autoRefreshChanged();
-
-protected:
-    Activity *const m_activity; ///< first, for the settings that a type declares need it
 };
 
 /** One role of a model. */
@@ -148,7 +157,7 @@ template <typename Row>
 class Rows;
 
 /** The base of all models. */
-class ListSubject : public QAbstractListModel, public QQmlParserStatus {
+class ListSubject : public QAbstractListModel, public Item {
     Q_OBJECT
     Q_INTERFACES(QQmlParserStatus)
     QML_ELEMENT
@@ -164,13 +173,6 @@ class ListSubject : public QAbstractListModel, public QQmlParserStatus {
 public:
     explicit ListSubject(QObject *parent = nullptr);
 
-    CallSetup::State state() const { return m_activity->state(); }
-    bool isBusy() const { return state() == CallSetup::Busy; }
-    int result() const { return m_activity->result(); }
-    QString error() const { return Results::text(result()); }
-    bool isAvailable() const { return m_activity->isAvailable(); }
-    bool autoRefresh() const { return m_activity->refreshesItself(); }
-    void setAutoRefresh(bool on) { m_activity->setRefreshesItself(on); }
     int count() const { return m_rows->count(); }
 
     Q_INVOKABLE void refresh() { m_activity->refresh(); }
@@ -179,9 +181,6 @@ public:
     int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
-
-    void classBegin() override { }
-    void componentComplete() override;
 
 Q_SIGNALS:
     void stateChanged();
@@ -201,8 +200,6 @@ protected:
         m_rows = std::move(rows);
         return added;
     }
-
-    Activity *const m_activity;
 
 private:
     std::unique_ptr<RowsBase> m_rows;
