@@ -33,8 +33,16 @@ SettingsPage {
             scrollArea.show(rowOf(selected));
     }
 
-    onSelectedChanged: Qt.callLater(list.showSelected) // qmllint disable
-    scrollArea.onHeightChanged: Qt.callLater(list.showSelected) // qmllint disable
+    onSelectedChanged: placing.restart()
+    scrollArea.onHeightChanged: placing.restart()
+
+    // Until everything has found its place.
+    Timer {
+        id: placing
+
+        interval: 0
+        onTriggered: list.showSelected()
+    }
 
     title: qsTr("Call settings")
 

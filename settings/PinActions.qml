@@ -24,7 +24,7 @@ Column {
         sheet: actions.sheet
         prompts: [actions.names[0]]
         verb: qsTr("OK")
-        make: pin => actions.pins.verify(actions.which, pin)
+        onEntered: pin => request = actions.pins.verify(actions.which, pin)
     }
 
     PinRow {
@@ -34,7 +34,7 @@ Column {
         sheet: actions.sheet
         prompts: [actions.names[1], actions.names[2], actions.names[3]]
         verb: qsTr("Change")
-        make: (oldPin, newPin) => actions.pins.change(actions.which, oldPin, newPin)
+        onEntered: (oldPin, newPin) => request = actions.pins.change(actions.which, oldPin, newPin)
     }
 
     PinRow {
@@ -45,6 +45,6 @@ Column {
         prompts: [actions.names[4], actions.names[2], actions.names[3]]
         least: 8
         verb: qsTr("Unblock")
-        make: (puk, newPin) => actions.pins.unblock(actions.which, puk, newPin)
+        onEntered: (puk, newPin) => request = actions.pins.unblock(actions.which, puk, newPin)
     }
 }

@@ -1,4 +1,4 @@
-// Asks for a PIN and makes the request with it. Stays open until the SIM took the PIN, and says why it did not.
+// Asks for a PIN. Stays open until the SIM took the PIN, and says why it did not.
 import QtQuick
 import Kvq.CallSetup
 import Kvq.Settings.Controls
@@ -6,28 +6,27 @@ import Kvq.Settings.Controls
 PinSheet {
     id: sheet
 
-    property var make: null
-    property var whenDone: null
-    property Request request: null
+    property PinQuestion question: null
 
-    function demand(heading: string, prompts: var, verb: string, least: int, make: var, whenDone: var): void {
-        sheet.make = make;
-        sheet.whenDone = whenDone;
-        start(heading, prompts, verb, least);
+    function demand(question: PinQuestion): void {
+        sheet.question = question;
+        question.request = null;
+        start(question.heading, question.prompts, question.verb, question.least);
     }
 
-    onEntered: (first, second) => request = make(first, second)
-    onClosed: request = null
+    onEntered: (first, second) => question.entered(first, second)
+    onClosed: question = null
 
     Connections {
-        target: sheet.request
+        target: sheet.question !== null ? sheet.question.request : null
 
         function onFinished() {
-            if (sheet.request.result === CallSetup.Success) {
-                sheet.whenDone(); // qmllint disable
+            const request = sheet.question.request;
+            if (request.result === CallSetup.Success) {
+                sheet.question.taken();
                 sheet.close();
             } else {
-                sheet.refuse(Words.sentence(sheet.request.result, sheet.request.error));
+                sheet.refuse(Words.sentence(request.result, request.error));
             }
         }
     }

@@ -1,26 +1,35 @@
 // A row that asks for a PIN and does something with it. Afterwards it says that it was done.
+import Kvq.CallSetup
 import Kvq.Settings.Controls
 
 ActionRow {
     id: row
 
     required property PinRequestSheet sheet
-    required property var prompts
-    required property string verb
     /** What to say when it worked. */
     required property string done
-    /** The least length of what is asked first: 8 for a PUK. */
-    property int least: 4
-    /** Makes the request from what was typed. */
-    required property var make
+    property alias prompts: question.prompts
+    property alias verb: question.verb
+    property alias least: question.least
+    property alias request: question.request
 
+    /** Typed: make the request. */
+    signal entered(string first, string second)
     signal succeeded()
 
     onPressed: {
         description = "";
-        sheet.demand(label, prompts, verb, least, make, () => {
+        sheet.demand(question);
+    }
+
+    PinQuestion {
+        id: question
+
+        heading: row.label
+        onEntered: (first, second) => row.entered(first, second)
+        onTaken: {
             row.description = row.done;
             row.succeeded();
-        });
+        }
     }
 }

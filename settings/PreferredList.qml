@@ -73,7 +73,7 @@ Column {
         followed = row + by;
         following.restart();
         moved(row, row + by);
-        Qt.callLater(follow); // qmllint disable
+        placing.restart();
     }
 
     function follow(): void {
@@ -100,11 +100,19 @@ Column {
         onTriggered: list.followed = -1
     }
 
+    // Until every row has found its place.
+    Timer {
+        id: placing
+
+        interval: 0
+        onTriggered: list.follow()
+    }
+
     Connections {
         target: list.networks
 
         function onStateChanged() {
-            Qt.callLater(list.follow); // qmllint disable
+            placing.restart();
         }
     }
 
@@ -114,7 +122,7 @@ Column {
         id: rows
 
         model: list.networks
-        onItemAdded: Qt.callLater(list.follow) // qmllint disable
+        onItemAdded: placing.restart()
 
         PreferredRow {
             owner: list

@@ -1,19 +1,33 @@
 // A row that makes a request, and shows how it goes.
+import QtQuick
 import Kvq.CallSetup
 import Kvq.Settings.Controls
 
 ActionRow {
     id: row
 
-    /** Makes the request. */
-    required property var make
+    /** Asks first, where the request cannot be undone. */
+    property ConfirmSheet question: null
     property Request request: null
 
-    function run(): void {
-        request = make(); // qmllint disable
-    }
+    /** Make the request now. */
+    signal wanted()
 
     busy: request !== null && request.busy
     failure: Words.of(request)
-    onRetry: run()
+    onPressed: {
+        if (question !== null)
+            question.ask();
+        else
+            wanted();
+    }
+    onRetry: wanted()
+
+    Connections {
+        target: row.question
+
+        function onConfirmed() {
+            row.wanted();
+        }
+    }
 }

@@ -1,5 +1,6 @@
 // A row with one of a few values. Pressed, it opens and shows them; it never covers the page.
 import QtQuick
+import QtQuick.Layouts
 import QtQuick.Templates as T
 
 SettingRow {
@@ -57,7 +58,7 @@ SettingRow {
                     readonly property bool current: modelData.value === row.current
 
                     width: list.width
-                    implicitHeight: Math.max(Theme.touch, words.implicitHeight + 2 * Theme.unit)
+                    implicitHeight: Math.max(Theme.touch, implicitContentHeight + 2 * Theme.unit)
                     horizontalPadding: Theme.margin
                     focusPolicy: Qt.StrongFocus
 
@@ -79,20 +80,15 @@ SettingRow {
                         row.open = false;
                     }
 
-                    contentItem: Item {
-                        RadioMark {
-                            id: mark
+                    contentItem: RowLayout {
+                        spacing: Theme.margin
 
-                            anchors.verticalCenter: parent.verticalCenter
+                        RadioMark {
                             on: option.current
                         }
 
                         Text {
-                            id: words
-
-                            anchors.verticalCenter: parent.verticalCenter
-                            x: mark.width + Theme.margin
-                            width: parent.width - x
+                            Layout.fillWidth: true
                             text: option.modelData.text
                             font.pixelSize: Theme.body
                             color: Theme.text

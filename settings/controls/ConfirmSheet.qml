@@ -1,20 +1,19 @@
 // Asks before something that cannot be undone.
+import QtQuick
+
 Sheet {
     id: sheet
 
-    property var whenSure: null
-
-    function confirm(question: string, consequence: string, verb: string, whenSure: var): void {
-        title = question;
-        text = consequence;
-        action = verb;
-        sheet.whenSure = whenSure;
-        ask();
-    }
+    signal confirmed()
 
     dangerous: true
+    onOpened: {
+        cancelButton.forceActiveFocus();
+        // It may have had the keyboard before, when the sheet was closed.
+        cancelButton.focusReason = openerShown ? Qt.TabFocusReason : Qt.OtherFocusReason;
+    }
     onAccepted: {
         close();
-        whenSure(); // qmllint disable
+        confirmed();
     }
 }

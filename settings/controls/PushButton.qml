@@ -21,8 +21,8 @@ T.Button {
             clicked();
     }
 
-    implicitWidth: Math.max(Theme.touch, contentItem.implicitWidth + 2 * Theme.margin)
-    implicitHeight: Math.max(Theme.touch, contentItem.implicitHeight + topPadding + bottomPadding)
+    implicitWidth: Math.max(Theme.touch, implicitContentWidth + 2 * Theme.margin)
+    implicitHeight: Math.max(Theme.touch, implicitContentHeight + topPadding + bottomPadding)
     horizontalPadding: Theme.unit
     verticalPadding: Theme.unit
     font.pixelSize: Theme.body
@@ -32,39 +32,11 @@ T.Button {
     Keys.onReturnPressed: button.clicked()
     Keys.onEnterPressed: button.clicked()
 
-    contentItem: Item {
-        implicitWidth: words.implicitWidth + (sign.visible ? sign.width + line.spacing : 0)
-        implicitHeight: Math.max(sign.height, words.implicitHeight)
-
-        Row {
-            id: line
-
-            anchors.centerIn: parent
-            spacing: 6
-
-            Icon {
-                id: sign
-
-                anchors.verticalCenter: parent.verticalCenter
-                visible: button.symbol !== ""
-                symbol: button.symbol
-                color: button.ink
-                side: 20
-            }
-
-            Text {
-                id: words
-
-                anchors.verticalCenter: parent.verticalCenter
-                width: Math.min(implicitWidth, button.availableWidth - (sign.visible ? sign.width + line.spacing : 0))
-                text: button.text
-                font: button.font
-                color: button.ink
-                wrapMode: Text.WordWrap
-                horizontalAlignment: Text.AlignHCenter
-                Accessible.ignored: true
-            }
-        }
+    contentItem: SymbolText {
+        symbol: button.symbol
+        text: button.text
+        font: button.font
+        ink: button.ink
     }
 
     background: Rectangle {

@@ -39,8 +39,15 @@ Flickable {
     Connections {
         target: area.Window.window
         function onActiveFocusItemChanged() {
-            // Once everything has found its place.
-            Qt.callLater(area.showFocus); // qmllint disable
+            placing.restart();
         }
+    }
+
+    // Until everything has found its place.
+    Timer {
+        id: placing
+
+        interval: 0
+        onTriggered: area.showFocus()
     }
 }

@@ -128,7 +128,8 @@ FocusScope {
             Keys.onReturnPressed: row.click()
             Keys.onEnterPressed: row.click()
 
-            contentItem: RowLayout {
+            // The row's own controls stand in it, so it is made at once.
+            contentItem: RowLayout { // qmllint disable deferred-property-id
                 id: content
 
                 spacing: Theme.margin

@@ -23,7 +23,7 @@ FocusScope {
         unreadRows = unreadRows.filter(other => other !== row);
         if (is)
             unreadRows.push(row);
-        Qt.callLater(page.compareFailures); // qmllint disable
+        comparison.restart();
     }
 
     function compareFailures(): void {
@@ -90,6 +90,14 @@ FocusScope {
         else
             return;
         event.accepted = true;
+    }
+
+    // Once for all rows that are told of together.
+    Timer {
+        id: comparison
+
+        interval: 0
+        onTriggered: page.compareFailures()
     }
 
     PageHeader {

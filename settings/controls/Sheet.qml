@@ -18,6 +18,7 @@ T.Popup {
     readonly property bool wide: parent !== null && parent.width >= Theme.twoPanes
     /** How far the sheet is still below its place, from 1 to 0. */
     property real rise: 0
+    readonly property T.Button cancelButton: no
     property Item opener
     property bool openerShown
 
@@ -85,7 +86,8 @@ T.Popup {
         }
     }
 
-    contentItem: Item {
+    // What a sheet asks for stands in it, so it is made at once.
+    contentItem: Item { // qmllint disable deferred-property-id
         Accessible.role: Accessible.Dialog
         Accessible.name: sheet.title
 
@@ -172,6 +174,8 @@ T.Popup {
             spacing: Theme.unit
 
             PushButton {
+                id: no
+
                 width: buttons.side
                 height: Math.max(implicitHeight, yes.implicitHeight)
                 text: sheet.cancel

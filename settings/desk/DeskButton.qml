@@ -5,9 +5,9 @@ import QtQuick.Templates as T
 T.Button {
     id: button
 
-    implicitWidth: words.implicitWidth + 2 * Paper.unit + 8
-    implicitHeight: Math.max(44, words.implicitHeight + 2 * Paper.unit)
-    horizontalPadding: Paper.unit
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: Math.max(44, implicitContentHeight + 2 * Paper.unit)
+    horizontalPadding: Paper.unit + 4
     font.family: Paper.font
     font.pixelSize: Paper.size
 
@@ -16,8 +16,6 @@ T.Button {
     Keys.onEnterPressed: button.clicked()
 
     contentItem: Text {
-        id: words
-
         text: button.text
         font: button.font
         color: button.checked ? Paper.markInk : Paper.ink

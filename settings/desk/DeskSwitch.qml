@@ -1,5 +1,6 @@
 // Something about the phone that is so, or not.
 import QtQuick
+import QtQuick.Layouts
 import QtQuick.Templates as T
 
 T.AbstractButton {
@@ -10,7 +11,7 @@ T.AbstractButton {
     signal toggled(bool on)
 
     width: parent ? parent.width : implicitWidth
-    implicitHeight: Math.max(44, words.implicitHeight + Paper.unit)
+    implicitHeight: Math.max(44, implicitContentHeight + Paper.unit)
     Accessible.role: Accessible.CheckBox
     Accessible.name: text
     Accessible.checkable: true
@@ -19,14 +20,13 @@ T.AbstractButton {
     Keys.onEnterPressed: control.clicked()
     onClicked: toggled(!on)
 
-    contentItem: Item {
-        Rectangle {
-            id: box
+    contentItem: RowLayout {
+        spacing: Paper.unit
 
-            anchors.verticalCenter: parent.verticalCenter
-            x: 4
-            width: 20
-            height: 20
+        Rectangle {
+            Layout.leftMargin: 4
+            implicitWidth: 20
+            implicitHeight: 20
             color: control.on ? Paper.mark : Paper.card
             border.width: control.visualFocus ? 3 : 1
             border.color: control.visualFocus ? Paper.mark : Paper.line
@@ -42,11 +42,7 @@ T.AbstractButton {
         }
 
         DeskText {
-            id: words
-
-            anchors.verticalCenter: parent.verticalCenter
-            x: box.x + box.width + Paper.unit
-            width: parent.width - x
+            Layout.fillWidth: true
             text: control.text
             Accessible.ignored: true
         }

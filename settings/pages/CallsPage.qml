@@ -55,16 +55,18 @@ PhonePage {
 
         RequestRow {
             visible: page.calls !== null && page.calls.canSwap
+            objectName: "swap"
             label: qsTr("Swap the two calls")
             symbol: "swap"
-            make: () => page.calls.swap()
+            onWanted: request = page.calls.swap()
         }
 
         RequestRow {
             visible: page.calls !== null && page.calls.canJoin
+            objectName: "join"
             label: qsTr("Join them to a conference")
             symbol: "merge"
-            make: () => page.calls.join()
+            onWanted: request = page.calls.join()
         }
 
         SwitchRow {

@@ -20,16 +20,21 @@ PhonePage {
         }
 
         SettingValue {
+            objectName: "spent"
             setting: costs.totalCost
             label: qsTr("Spent so far")
         }
 
         RequestRow {
+            objectName: "reset-costs"
             label: qsTr("Reset the costs")
             dangerous: true
-            make: () => costs.resetCosts()
-            onPressed: sure.confirm(qsTr("Reset the costs?"), qsTr("The meter on the SIM starts again at zero."),
-                                    qsTr("Reset"), () => run())
+            question: ConfirmSheet {
+                title: qsTr("Reset the costs?")
+                text: qsTr("The meter on the SIM starts again at zero.")
+                action: qsTr("Reset")
+            }
+            onWanted: request = costs.resetCosts()
         }
     }
 
@@ -95,19 +100,18 @@ PhonePage {
         RequestRow {
             label: qsTr("Reset the time")
             dangerous: true
-            make: () => costs.resetTime()
-            onPressed: sure.confirm(qsTr("Reset the time?"), qsTr("The time of all calls starts again at zero."),
-                                    qsTr("Reset"), () => run())
+            question: ConfirmSheet {
+                title: qsTr("Reset the time?")
+                text: qsTr("The time of all calls starts again at zero.")
+                action: qsTr("Reset")
+            }
+            onWanted: request = costs.resetTime()
         }
     }
 
     /** "1:5:3" as "1:05:03". */
     function clock(time: string): string {
         return time.split(":").map((part, at) => at > 0 ? part.padStart(2, "0") : part).join(":");
-    }
-
-    ConfirmSheet {
-        id: sure
     }
 
     Sheet {

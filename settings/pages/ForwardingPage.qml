@@ -56,19 +56,16 @@ PhonePage {
 
     Section {
         RequestRow {
-            id: cancelRow
-
             label: forwarding.serviceClass === CallForwarding.Voice ? qsTr("Turn off all forwarding of voice calls")
                                                                     : qsTr("Turn off all forwarding")
             dangerous: true
-            make: () => forwarding.cancelAll()
-            onPressed: sure.confirm(qsTr("Turn off forwarding?"), qsTr("The numbers are not kept."),
-                                    qsTr("Turn off"), () => run())
+            question: ConfirmSheet {
+                title: qsTr("Turn off forwarding?")
+                text: qsTr("The numbers are not kept.")
+                action: qsTr("Turn off")
+            }
+            onWanted: request = forwarding.cancelAll()
         }
-    }
-
-    ConfirmSheet {
-        id: sure
     }
 
     NumberSheet {

@@ -64,13 +64,17 @@ PhonePage {
             visible: networks.count > 0
             label: qsTr("Remove all")
             dangerous: true
-            onPressed: sure.confirm(qsTr("Remove all?"), qsTr("The list on the SIM is then empty."), qsTr("Remove"),
-                                    () => page.request = networks.clear())
+            onPressed: sure.ask()
         }
     }
 
     ConfirmSheet {
         id: sure
+
+        title: qsTr("Remove all?")
+        text: qsTr("The list on the SIM is then empty.")
+        action: qsTr("Remove")
+        onConfirmed: page.request = networks.clear()
     }
 
     Sheet {

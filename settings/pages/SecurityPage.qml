@@ -44,7 +44,7 @@ PhonePage {
             sheet: sheet
             prompts: [qsTr("PIN")]
             verb: qsTr("Turn on")
-            make: pin => pins.enable(pin)
+            onEntered: pin => request = pins.enable(pin)
             onSucceeded: pins.refresh()
         }
 
@@ -104,10 +104,6 @@ PhonePage {
         visible: fixed.available && !(fixed.supported.known && !fixed.supported.value)
 
         SwitchRow {
-            id: fixedRow
-
-            property Request request: null
-
             objectName: "fixed-dialling"
             label: qsTr("Only numbers on the SIM’s list")
             description: qsTr("Other numbers cannot be called. Asks for the PIN2.")
@@ -115,11 +111,23 @@ PhonePage {
             known: fixed.enabled.known
             busy: fixed.enabled.busy
             failure: Words.of(fixed.enabled)
-            onToggled: on => sheet.demand(qsTr("Fixed dialling"), [qsTr("PIN2")],
-                                       on ? qsTr("Turn on") : qsTr("Turn off"), 4,
-                                       pin2 => fixed.setEnabled(on, pin2), () => {})
+            onToggled: on => {
+                fixedQuestion.on = on;
+                sheet.demand(fixedQuestion);
+            }
             onRetry: fixed.refresh()
         }
+    }
+
+    PinQuestion {
+        id: fixedQuestion
+
+        property bool on: false
+
+        heading: qsTr("Fixed dialling")
+        prompts: [qsTr("PIN2")]
+        verb: on ? qsTr("Turn on") : qsTr("Turn off")
+        onEntered: pin2 => request = fixed.setEnabled(on, pin2)
     }
 
     PinRequestSheet {

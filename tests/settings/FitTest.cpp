@@ -25,6 +25,17 @@ protected:
         });
         EXPECT_GT(words, 2);
     }
+
+    void lookAtEveryPage() const
+    {
+        const QStringList pages = offeredPages();
+        for (const QString &name : pages) {
+            SCOPED_TRACE(name.toStdString());
+            QMetaObject::invokeMethod(&window(), "open", Q_ARG(QString, name));
+            ASSERT_TRUE(settle());
+            look();
+        }
+    }
 };
 
 TEST_P(FitTest, EveryPage)
@@ -33,13 +44,7 @@ TEST_P(FitTest, EveryPage)
     open(QString(), {.language = QLatin1String(GetParam())});
     ASSERT_TRUE(settle());
     look();
-    const QStringList pages = offeredPages();
-    for (const QString &name : pages) {
-        SCOPED_TRACE(name.toStdString());
-        QMetaObject::invokeMethod(&window(), "open", Q_ARG(QString, name));
-        ASSERT_TRUE(settle());
-        look();
-    }
+    lookAtEveryPage();
 }
 
 TEST_P(FitTest, EveryPageThatCouldNotBeRead)
@@ -47,13 +52,7 @@ TEST_P(FitTest, EveryPageThatCouldNotBeRead)
     phone().setAnswer("TAPI_*", {.result = 0x9001, .out = {}, .times = -1});
     open(QString(), {.language = QLatin1String(GetParam())});
     ASSERT_TRUE(settle());
-    const QStringList pages = offeredPages();
-    for (const QString &name : pages) {
-        SCOPED_TRACE(name.toStdString());
-        QMetaObject::invokeMethod(&window(), "open", Q_ARG(QString, name));
-        ASSERT_TRUE(settle());
-        look();
-    }
+    lookAtEveryPage();
     phone().clearAnswer("TAPI_*");
 }
 
@@ -62,9 +61,10 @@ TEST_P(FitTest, WhatIsAsked)
     const struct {
         const char *page;
         const char *item;
-    } questions[] = {{"forwarding", "no-reply"}, {"security", "change-pin"},  {"security", "unblock-pin2"},
-                     {"costs", "limit"},         {"preferred", "add"},        {"own-numbers", "number1"},
-                     {"speed-dial", "slot2"},    {"caller-id", "restriction"}};
+    } questions[] = {{"forwarding", "no-reply"},  {"security", "change-pin"}, {"security", "unblock-pin2"},
+                     {"costs", "limit"},          {"preferred", "add"},       {"own-numbers", "number1"},
+                     {"speed-dial", "slot2"},     {"costs", "reset-costs"},   {"security", "fixed-dialling"},
+                     {"caller-id", "restriction"}};
     for (const auto &question : questions) {
         SCOPED_TRACE(question.item);
         open(QString::fromLatin1(question.page), {.language = QLatin1String(GetParam()), .calm = true});

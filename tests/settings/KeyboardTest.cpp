@@ -115,6 +115,31 @@ TEST_F(KeyboardTest, TogglesASwitchAndOpensAChoice)
     EXPECT_EQ(row->property("value").toString(), QStringLiteral("Hide it"));
 }
 
+TEST_F(KeyboardTest, IsAskedBeforeWhatCannotBeUndone)
+{
+    open(QStringLiteral("costs"), {.calm = true});
+    ASSERT_TRUE(settle());
+    QQuickItem *const row = find(QStringLiteral("reset-costs"));
+    const QString before = find(QStringLiteral("spent"))->property("value").toString();
+    for (const bool sure : {false, true}) {
+        row->forceActiveFocus();
+        press(Qt::Key_Tab);
+        press(Qt::Key_Backtab);
+        press(Qt::Key_Return);
+        ASSERT_TRUE(waitFor([&] {
+            return focused()->property("text").toString() == QLatin1String("Cancel")
+                && focused()->property("visualFocus").toBool();
+        }));
+        if (sure)
+            press(Qt::Key_Tab);
+        press(Qt::Key_Return);
+        ASSERT_TRUE(waitFor([&] { return row->hasActiveFocus(); }));
+        ASSERT_TRUE(settle());
+        EXPECT_EQ(find(QStringLiteral("spent"))->property("value").toString(),
+                  sure ? QStringLiteral("0.00") : before);
+    }
+}
+
 TEST_F(KeyboardTest, AWrongPinIsToldInWordsAndForgotten)
 {
     open(QStringLiteral("security"));

@@ -1,0 +1,19 @@
+// What is asked of somebody who is to type a PIN, and what becomes of the answer.
+import QtQml
+import Kvq.CallSetup
+
+QtObject {
+    property string heading
+    /** What is asked for, one to three labels; the third repeats the second. */
+    property var prompts: []
+    property string verb
+    /** The least length of what is asked first: 8 for a PUK. */
+    property int least: 4
+    /** What was made of the answer. */
+    property Request request: null
+
+    /** Typed: make the request. */
+    signal entered(string first, string second)
+    /** The SIM took it. */
+    signal taken()
+}
