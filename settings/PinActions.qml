@@ -43,7 +43,7 @@ Column {
         done: qsTr("Unblocked. The new one holds.")
         sheet: actions.sheet
         prompts: [actions.names[4], actions.names[2], actions.names[3]]
-        least: 8
+        puk: true
         verb: qsTr("Unblock")
         onEntered: (puk, newPin) => request = actions.pins.unblock(actions.which, puk, newPin)
     }

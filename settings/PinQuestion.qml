@@ -7,8 +7,8 @@ QtObject {
     /** What is asked for, one to three labels; the third repeats the second. */
     property var prompts: []
     property string verb
-    /** The least length of what is asked first: 8 for a PUK. */
-    property int least: 4
+    /** Whether a PUK is asked for first. */
+    property bool puk: false
     /** What was made of the answer. */
     property Request request: null
 

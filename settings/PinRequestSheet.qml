@@ -11,7 +11,7 @@ PinSheet {
     function demand(question: PinQuestion): void {
         sheet.question = question;
         question.request = null;
-        start(question.heading, question.prompts, question.verb, question.least);
+        start(question.heading, question.prompts, question.verb, question.puk ? 8 : 4);
     }
 
     onEntered: (first, second) => question.entered(first, second)
@@ -26,7 +26,8 @@ PinSheet {
                 sheet.question.taken();
                 sheet.close();
             } else {
-                sheet.refuse(Words.sentence(request.result, request.error));
+                sheet.refuse(sheet.question.puk ? Words.pukSentence(request.result, request.error)
+                                                : Words.sentence(request.result, request.error));
             }
         }
     }

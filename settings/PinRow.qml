@@ -10,7 +10,7 @@ ActionRow {
     required property string done
     property alias prompts: question.prompts
     property alias verb: question.verb
-    property alias least: question.least
+    property alias puk: question.puk
     property alias request: question.request
 
     /** Typed: make the request. */

@@ -21,17 +21,17 @@ QtObject {
         case CallSetup.NoNumber:
             return qsTr("There is no number to call. Enter one first.");
         case CallSetup.InvalidCall:
-            return qsTr("This call has ended.");
+            return qsTr("This call has ended. Dial again to talk on.");
         case CallSetup.Refused:
             return qsTr("The request was refused. Try again later, or ask your provider.");
         case CallSetup.SimUnavailable:
             return qsTr("The SIM does not answer. Check that it is inserted and unlocked.");
         case CallSetup.PinRejected:
-            return qsTr("The SIM refused the PIN. After a few wrong tries it locks itself.");
+            return qsTr("The SIM refused the PIN. Enter it once more, with care: after a few wrong tries it is locked.");
         case CallSetup.PinBlocked:
             return qsTr("The SIM has locked this PIN. Unblock it with the PUK that came with the SIM.");
         case CallSetup.NotSupported:
-            return qsTr("This phone or its network does not offer this.");
+            return qsTr("This phone or its network does not offer this. Ask your provider whether it can.");
         case CallSetup.TimedOut:
             return qsTr("No answer came in time. Look again in a moment: the change may still take effect.");
         case CallSetup.ServiceBusy:
@@ -45,13 +45,25 @@ QtObject {
         case CallSetup.AccessDenied:
             return qsTr("This program may not use the telephony service. Ask who manages the phone.");
         case CallSetup.NotStored:
-            return qsTr("The setting could not be stored. The value from before still holds.");
+            return qsTr("The setting could not be stored, and the one from before still holds. Try again.");
         case CallSetup.DiskFull:
             return qsTr("The disk is full, so nothing was changed. Delete something, then try again.");
         case CallSetup.NotAllowed:
             return qsTr("Settings cannot be changed just now. Try again when the call has ended.");
         default:
-            return error !== "" ? error : qsTr("It did not work (code %1).").arg(result);
+            return qsTr("%1 Try again later.").arg(error !== "" ? error : qsTr("It did not work (code %1).").arg(result));
+        }
+    }
+
+    /** The same for a request that carries a PUK. */
+    function pukSentence(result: int, error: string): string {
+        switch (result) {
+        case CallSetup.PinRejected:
+            return qsTr("The SIM refused the PUK. It came with the SIM; after ten wrong ones the SIM is of no more use.");
+        case CallSetup.PinBlocked:
+            return qsTr("The SIM takes no more PUK. Ask your provider for another SIM.");
+        default:
+            return sentence(result, error);
         }
     }
 }

@@ -1504,24 +1504,12 @@
         <translation>Es fehlt eine Nummer. Geben Sie zuerst eine ein.</translation>
     </message>
     <message>
-        <source>This call has ended.</source>
-        <translation>Dieser Anruf ist beendet.</translation>
-    </message>
-    <message>
         <source>The SIM does not answer. Check that it is inserted and unlocked.</source>
         <translation>Die SIM antwortet nicht. Prüfen Sie, ob sie eingelegt und entsperrt ist.</translation>
     </message>
     <message>
-        <source>The SIM refused the PIN. After a few wrong tries it locks itself.</source>
-        <translation>Die SIM hat die PIN abgelehnt. Nach einigen falschen Versuchen sperrt sie sich.</translation>
-    </message>
-    <message>
         <source>The SIM has locked this PIN. Unblock it with the PUK that came with the SIM.</source>
         <translation>Die SIM hat diese PIN gesperrt. Entsperren Sie sie mit der PUK, die zur SIM gehört.</translation>
-    </message>
-    <message>
-        <source>This phone or its network does not offer this.</source>
-        <translation>Dieses Telefon oder sein Netz bietet das nicht an.</translation>
     </message>
     <message>
         <source>No answer came in time. Look again in a moment: the change may still take effect.</source>
@@ -1548,10 +1536,6 @@
         <translation>Dieses Programm darf den Telefondienst nicht nutzen. Fragen Sie, wer das Telefon verwaltet.</translation>
     </message>
     <message>
-        <source>The setting could not be stored. The value from before still holds.</source>
-        <translation>Nicht gespeichert. Es gilt weiter der Wert von vorher.</translation>
-    </message>
-    <message>
         <source>The disk is full, so nothing was changed. Delete something, then try again.</source>
         <translation>Der Speicher ist voll, darum wurde nichts geändert. Löschen Sie etwas, und versuchen Sie es erneut.</translation>
     </message>
@@ -1566,6 +1550,34 @@
     <message>
         <source>The request was refused. Try again later, or ask your provider.</source>
         <translation>Die Anfrage wurde abgelehnt. Versuchen Sie es später erneut oder fragen Sie Ihren Anbieter.</translation>
+    </message>
+    <message>
+        <source>This call has ended. Dial again to talk on.</source>
+        <translation>Dieser Anruf ist beendet. Wählen Sie neu, um weiterzusprechen.</translation>
+    </message>
+    <message>
+        <source>The SIM refused the PIN. Enter it once more, with care: after a few wrong tries it is locked.</source>
+        <translation>Die SIM hat die PIN abgelehnt. Geben Sie sie mit Bedacht noch einmal ein: Nach einigen falschen Versuchen ist sie gesperrt.</translation>
+    </message>
+    <message>
+        <source>This phone or its network does not offer this. Ask your provider whether it can.</source>
+        <translation>Dieses Telefon oder sein Netz bietet das nicht an. Fragen Sie Ihren Anbieter, ob es möglich ist.</translation>
+    </message>
+    <message>
+        <source>The setting could not be stored, and the one from before still holds. Try again.</source>
+        <translation>Die Einstellung konnte nicht gespeichert werden, die vorige gilt weiter. Versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>%1 Try again later.</source>
+        <translation>%1 Versuchen Sie es später noch einmal.</translation>
+    </message>
+    <message>
+        <source>The SIM refused the PUK. It came with the SIM; after ten wrong ones the SIM is of no more use.</source>
+        <translation>Die SIM hat die PUK abgelehnt. Sie liegt der SIM bei; nach zehn falschen ist die SIM unbrauchbar.</translation>
+    </message>
+    <message>
+        <source>The SIM takes no more PUK. Ask your provider for another SIM.</source>
+        <translation>Die SIM nimmt keine PUK mehr an. Bitten Sie Ihren Anbieter um eine andere SIM.</translation>
     </message>
 </context>
 </TS>

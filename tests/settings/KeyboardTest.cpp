@@ -153,11 +153,12 @@ TEST_F(KeyboardTest, AWrongPinIsToldInWordsAndForgotten)
     press(Qt::Key_Return);
     ASSERT_TRUE(settle());
 
-    EXPECT_TRUE(waitFor([&] {
-        QStringList words;
-        visit(window().contentItem(), [&](QQuickItem &item) { words << item.property("text").toString(); });
-        return words.join(QLatin1Char(' ')).contains(QStringLiteral("The SIM refused the PIN."));
-    }));
+    const auto says = [&](const char *words) {
+        QStringList texts;
+        visit(window().contentItem(), [&](QQuickItem &item) { texts << item.property("text").toString(); });
+        return texts.join(QLatin1Char(' ')).contains(QLatin1String(words));
+    };
+    EXPECT_TRUE(waitFor([&] { return says("The SIM refused the PIN."); }));
     EXPECT_EQ(field->property("text").toString(), QString());
     EXPECT_EQ(focused(), field);
 
@@ -167,6 +168,14 @@ TEST_F(KeyboardTest, AWrongPinIsToldInWordsAndForgotten)
     EXPECT_TRUE(waitFor([&] { return !field->isVisible(); }));
     EXPECT_EQ(find(QStringLiteral("enter-pin"))->property("description").toString(),
               QStringLiteral("The SIM took it."));
+
+    ASSERT_TRUE(QMetaObject::invokeMethod(find(QStringLiteral("unblock-pin")), "click"));
+    for (const char *const words : {"00000000", "1111", "1111"}) {
+        ASSERT_TRUE(waitFor([&] { return focused() && focused()->inherits("QQuickTextInput"); }));
+        type(QString::fromLatin1(words));
+        press(Qt::Key_Return);
+    }
+    EXPECT_TRUE(waitFor([&] { return says("The SIM refused the PUK."); }));
 }
 
 TEST_F(KeyboardTest, MovesAPreferredNetwork)
