@@ -216,7 +216,7 @@ public:
     /** As a collection. */
     bool setAll(const QString &number)
     {
-        return answer([&] { return m_engine.setTurboDialing(QStringList(3, number)); });
+        return answer([&] { return m_engine.setTurboDialing(QStringList{number, number, number}); });
     }
     bool hasOne(const QString &number) { return m_engine.getTurboDialing(1, true) == number; }
     bool hasAll(const QString &number)
