@@ -170,7 +170,7 @@ TestCase {
         verify(data.words.test(request.error), request.error)
         compare(request.value, undefined)
         tryCompare(CallSetup, "busy", false)
-        compare(fixedDialling.enabled.value, data.tag === "fixed dialling")
+        tryCompare(fixedDialling.enabled, "value", data.tag === "fixed dialling")
     }
 
     function test_theLastTryBlocks() {
