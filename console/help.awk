@@ -13,11 +13,7 @@ function clean(text) {
 }
 
 function literal(text) {
-    gsub(/\\/, "\\\\", text)
-    gsub(/"/, "\\\"", text)
-    gsub(/\n/, "\\n", text)
-    gsub(/\t/, "\\t", text)
-    return "\"" text "\""
+    return "R\"help(" text ")help\""
 }
 
 # Takes a comment apart: sentence, parameters, result, platform.

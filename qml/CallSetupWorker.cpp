@@ -15,8 +15,8 @@
 
 #include <unistd.h>
 
-/** The platform library's, which is found with the engine. */
-extern "C" __attribute__((weak)) std::FILE *libaplog_to_module_ptr;
+// The platform library's, which is found with the engine.
+#pragma weak libaplog_to_module_ptr
 
 namespace Kvq {
 

@@ -4,7 +4,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/packages.sh
 
-need_packages "${build_packages[@]}" "${qml_packages[@]}" valgrind libbenchmark-dev binutils ofono dbus
+need_packages "${build_packages[@]}" "${qml_packages[@]}" valgrind binutils ofono dbus
 cmake --preset bench >/dev/null
 cmake --build --preset bench -- --quiet
 

@@ -27,12 +27,12 @@ need_packages "${build_packages[@]}"
 ! $screen || need_packages "${qml_packages[@]}" qt6-wayland
 ! $ofono || need_packages "${desk_packages[@]}"
 echo "== Building"
-cmake --preset release -DKVQ_BUILD_TESTS=OFF -DKVQ_BUILD_QML=$($screen && echo ON || echo OFF) -B build/demo >/dev/null
+cmake --preset demo -DKVQ_BUILD_QML=$($screen && echo ON || echo OFF) >/dev/null
 if [[ -t 1 ]]; then
-    NINJA_STATUS='[%f of %t] ' cmake --build build/demo
+    NINJA_STATUS='[%f of %t] ' cmake --build --preset demo
 else
     # A line a tenth of the work, and whatever the compiler says.
-    NINJA_STATUS='%f %t ' cmake --build build/demo |
+    NINJA_STATUS='%f %t ' cmake --build --preset demo |
         awk '!/^[0-9]+ [0-9]+ / { if (!/^ninja: no work/) print; next }
              $1 * 10 >= $2 * step { printf "   %d of %d\n", $1, $2; fflush(); step = int($1 * 10 / $2) + 1 }'
 fi

@@ -4,7 +4,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/packages.sh
 
-need_packages "${build_packages[@]}" "${qml_packages[@]}" clang-format-14 clang-tidy-14
+need_packages "${build_packages[@]}" "${test_packages[@]}" "${qml_packages[@]}" clang-tidy-14
 product=(utility handset simulator ofono modem console portcheck qml settings)
 echo "== Format"
 find include platform "${product[@]}" benchmarks tests docs -name '*.cpp' -o -name '*.h' |

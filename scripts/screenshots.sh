@@ -21,8 +21,8 @@ folder=$(cd "$folder" && pwd)
 
 need_packages "${build_packages[@]}" "${qml_packages[@]}"
 echo "== Building"
-cmake --preset release -DKVQ_BUILD_TESTS=OFF -DKVQ_BUILD_QML=ON -B build/demo >/dev/null
-cmake --build build/demo --target kvq-settings kvqcallsetupqmlplugin -- --quiet
+cmake --preset demo -DKVQ_BUILD_QML=ON >/dev/null
+cmake --build --preset demo --target kvq-settings kvqcallsetupqmlplugin -- --quiet
 
 # The application's settings, its run-time folder and its fonts are its own, so that a picture does not depend on who
 # draws it.

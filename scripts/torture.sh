@@ -7,7 +7,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/packages.sh
 
-need_packages "${build_packages[@]}" e2fsprogs
+need_packages "${build_packages[@]}" "${test_packages[@]}" "${qml_packages[@]}" e2fsprogs
 cmake --preset release >/dev/null
 cmake --build build/release --target torture -- --quiet >&2
 exec build/release/tests/torture/torture "${1-1}" build/release

@@ -17,7 +17,6 @@ struct Name {
     Name(const char16_t (&literal)[Size])
         : units(literal)
         , length(static_cast<int>(Size - 1))
-        , isLiteral(true)
     {
     }
     Name(const QString &made)
@@ -29,7 +28,7 @@ struct Name {
 
     const char16_t *units;
     int length;
-    bool isLiteral;
+    bool isLiteral = true;
 };
 
 /** The groups that the engine uses. */
