@@ -104,6 +104,8 @@ start_modem() {
 start_daemon() {
     local apart=(unshare --mount)
     ((EUID == 0)) || apart=(unshare --user --map-current-user --keep-caps --mount)
+    "${apart[@]}" true 2>/dev/null || fail "the daemon cannot be kept from /var/lib: this machine refuses" \
+        "'${apart[*]}', as containers and chroots do unless they are told to allow it"
     mkdir -p "$KVQ_DESK/lib/ofono"
     export OFONO_PHONESIM_CONFIG=$KVQ_DESK/daemon.conf OFONO_AT_DEBUG=1
     # shellcheck disable=SC2016 # the inner shell expands these
