@@ -50,7 +50,7 @@ SettingRow {
             Repeater {
                 model: row.open ? row.choices : []
 
-                T.AbstractButton {
+                T.RadioButton {
                     id: option
 
                     required property var modelData
@@ -61,6 +61,7 @@ SettingRow {
                     implicitHeight: Math.max(Theme.touch, implicitContentHeight + 2 * Theme.unit)
                     horizontalPadding: Theme.margin
                     focusPolicy: Qt.StrongFocus
+                    checked: current
 
                     Accessible.role: Accessible.RadioButton
                     Accessible.name: modelData.text

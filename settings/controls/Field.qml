@@ -67,6 +67,8 @@ Column {
         Accessible.role: Accessible.EditableText
         Accessible.name: field.label !== "" ? field.label : field.hint
         Accessible.passwordEdit: field.masked
+        // Qt tells no name of what is masked.
+        Accessible.description: field.label !== "" && input.Accessible.name === "" ? field.label : ""
 
         onAccepted: field.accepted()
 

@@ -45,7 +45,7 @@ Column {
             Repeater {
                 model: segments.choices
 
-                T.AbstractButton {
+                T.RadioButton {
                     id: segment
 
                     required property var modelData
@@ -55,6 +55,7 @@ Column {
                     width: row.width / segments.choices.length
                     height: row.height
                     focusPolicy: Qt.StrongFocus
+                    checked: current
 
                     Accessible.role: Accessible.RadioButton
                     Accessible.name: modelData.text
@@ -64,7 +65,11 @@ Column {
                     Keys.onEnterPressed: segment.clicked()
                     Keys.onLeftPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
                     Keys.onRightPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
-                    onClicked: segments.picked(modelData.value)
+                    onClicked: {
+                        // The button has checked itself; what is so, the owner says.
+                        checked = Qt.binding(() => segment.current);
+                        segments.picked(modelData.value);
+                    }
 
                     contentItem: Text {
                         text: segment.modelData.text

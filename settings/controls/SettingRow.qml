@@ -84,6 +84,10 @@ FocusScope {
 
     width: parent ? parent.width : implicitWidth
     implicitWidth: 320
+    Accessible.ignored: pressable
+    Accessible.role: role
+    Accessible.name: label
+    Accessible.description: spoken
     implicitHeight: stack.implicitHeight
 
     Rectangle {
@@ -116,7 +120,11 @@ FocusScope {
             verticalPadding: Theme.unit
             focus: true
             focusPolicy: row.pressable ? Qt.StrongFocus : Qt.NoFocus
+            // What a button is told to be for a screen reader, Qt 6.4 does not heed: it looks at what the button is.
+            checkable: row.checkable
+            checked: row.checked
 
+            Accessible.ignored: !row.pressable
             Accessible.role: row.role
             Accessible.name: row.label
             Accessible.description: row.spoken
@@ -124,7 +132,11 @@ FocusScope {
             Accessible.checked: row.checked && row.known
             Accessible.selected: row.selected
 
-            onClicked: row.click()
+            onClicked: {
+                // The button has checked itself; what is so, its owner says.
+                checked = Qt.binding(() => row.checked);
+                row.click();
+            }
             Keys.onReturnPressed: row.click()
             Keys.onEnterPressed: row.click()
 

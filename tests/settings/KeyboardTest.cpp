@@ -2,6 +2,7 @@
 #include "SettingsTest.h"
 
 #include <QAccessible>
+#include <QMetaEnum>
 #include <QSet>
 
 namespace {
@@ -30,6 +31,27 @@ protected:
         EXPECT_FALSE(accessible->text(QAccessible::Name).isEmpty()) << name << " has no name";
         EXPECT_NE(accessible->role(), QAccessible::NoRole) << name;
         EXPECT_NE(accessible->role(), QAccessible::Client) << name;
+    }
+
+    /** What a screen reader finds in the window, a line each. */
+    QString readAloud() const
+    {
+        QString all;
+        const std::function<void(QAccessibleInterface *)> read = [&](QAccessibleInterface *thing) {
+            if (thing->state().invisible)
+                return;
+            if (thing->role() != QAccessible::Window) {
+                all += QLatin1String(QMetaEnum::fromType<QAccessible::Role>().valueToKey(thing->role()))
+                    + QLatin1Char(' ') + thing->text(QAccessible::Name);
+                if (const QString words = thing->text(QAccessible::Description); !words.isEmpty())
+                    all += QLatin1String(": ") + words;
+                all += QLatin1String(thing->state().checked ? " (checked)\n" : "\n");
+            }
+            for (int child = 0; child < thing->childCount(); ++child)
+                read(thing->child(child));
+        };
+        read(QAccessible::queryAccessibleInterface(&window()));
+        return all;
     }
 
     /** Goes once around with the tabulator key and looks at every stop. */
@@ -91,6 +113,41 @@ TEST_F(KeyboardTest, WalksThroughEveryPage)
         EXPECT_EQ(window().property("shownPage").toString(), QString());
         EXPECT_TRUE(row->hasActiveFocus());
     }
+}
+
+TEST_F(KeyboardTest, AScreenReaderIsToldWhatEachThingIs)
+{
+    open(QStringLiteral("caller-id"), {.calm = true});
+    ASSERT_TRUE(settle());
+    ASSERT_TRUE(QMetaObject::invokeMethod(find(QStringLiteral("restriction")), "click"));
+    QTest::qWait(50);
+    EXPECT_EQ(readAloud(),
+              QStringLiteral("Pane Caller ID and waiting\n"
+                             "Button Back\n"
+                             "Heading Caller ID and waiting\n"
+                             "Heading My number, when I call\n"
+                             "Button All calls: As the network has it\n"
+                             "RadioButton As the network has it (checked)\n"
+                             "RadioButton Show it\n"
+                             "RadioButton Hide it\n"
+                             "Button The next call only: As the network has it\n"
+                             "Heading A second call\n"
+                             "CheckBox Call waiting: on. A call that comes in during another one is "
+                             "announced (checked)\n"));
+
+    // A switch that asks first is not on before it is.
+    open(QStringLiteral("security"), {.calm = true});
+    ASSERT_TRUE(settle());
+    EXPECT_TRUE(readAloud().contains(QStringLiteral("\nStaticText Ask when the phone starts: On\n")));
+    find(QStringLiteral("fixed-dialling"))->forceActiveFocus(Qt::TabFocusReason);
+    press(Qt::Key_Space);
+    ASSERT_TRUE(waitFor([&] { return focused() && focused()->inherits("QQuickTextInput"); }));
+    EXPECT_TRUE(readAloud().endsWith(QStringLiteral(
+        "\nCheckBox Only numbers on the SIM’s list: off. Other numbers cannot be called. Asks for the PIN2.\n"
+        "Dialog Fixed dialling\nHeading Fixed dialling\nEditableText : PIN2\nButton 1\nButton 2\nButton 3\n"
+        "Button 4\nButton 5\nButton 6\nButton 7\nButton 8\nButton 9\nButton 0\n"
+        "Button Delete the last digit\nButton Cancel\nButton Turn on\n")))
+        << readAloud().toStdString();
 }
 
 TEST_F(KeyboardTest, TogglesASwitchAndOpensAChoice)
