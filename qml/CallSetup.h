@@ -47,6 +47,7 @@ public:
         ModemOffline = TAPI_RESULT_MODEM_OFFLINE,
         LinkLost = TAPI_RESULT_LINK_LOST,
         AccessDenied = TAPI_RESULT_ACCESS_DENIED,
+        Pin2Needed = TAPI_RESULT_PIN2_NEEDED,
         NotStored = Results::NotStored,
         DiskFull = Results::DiskFull,
         NotAllowed = Results::NotAllowed,

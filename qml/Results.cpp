@@ -17,7 +17,7 @@ struct Words {
     const char *text;
 };
 
-constexpr std::array<Words, 19> words = {{
+constexpr std::array<Words, 20> words = {{
     {TAPI_RESULT_INVALID_PARAM, QT_TRANSLATE_NOOP("CallSetup", "The phone cannot work with this value.")},
     {TAPI_RESULT_CALL_REQ_FAIL,
      QT_TRANSLATE_NOOP("CallSetup", "The push-to-talk service refused the request.")},
@@ -39,6 +39,7 @@ constexpr std::array<Words, 19> words = {{
      QT_TRANSLATE_NOOP("CallSetup", "The connection to the telephony service was lost.")},
     {TAPI_RESULT_ACCESS_DENIED,
      QT_TRANSLATE_NOOP("CallSetup", "This application may not use the telephony service.")},
+    {TAPI_RESULT_PIN2_NEEDED, QT_TRANSLATE_NOOP("CallSetup", "The SIM wants the PIN2 first.")},
     {NotStored, QT_TRANSLATE_NOOP("CallSetup", "The setting could not be saved.")},
     {DiskFull, QT_TRANSLATE_NOOP("CallSetup", "The setting could not be saved: the storage is full.")},
     {NotAllowed, QT_TRANSLATE_NOOP("CallSetup", "Settings cannot be changed just now.")},

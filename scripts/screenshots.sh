@@ -90,7 +90,8 @@ draw own-number --page own-numbers --press number1
 draw networks-found --page networks --press search
 draw preferred-many --page preferred --phone "prefer $many_networks"
 draw preferred-add --page preferred --press add
-draw nothing-lacks --page calls --phone "fail TAPI_* 0x9000"
+draw list-lacking --phone "fail TAPI_* 0x9000"
+draw costs-pin2 --page costs --phone "fail TAPI_CS_ResetCallMeter 0x9007" --press reset-costs --press confirm
 for size in 440x800 1280x800; do
     build/demo/settings/kvq-settings --language "$language" --size "$size" --screenshot-of desk \
         --screenshot "$folder/desk-$size.png" 2>/dev/null

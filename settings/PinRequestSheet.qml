@@ -7,6 +7,13 @@ PinSheet {
     id: sheet
 
     property PinQuestion question: null
+    /** What is asked once no other sheet stands in the way. */
+    property PinQuestion next: null
+
+    function demandSoon(question: PinQuestion): void {
+        next = question;
+        placing.restart();
+    }
 
     function demand(question: PinQuestion): void {
         sheet.question = question;
@@ -14,8 +21,30 @@ PinSheet {
         start(question.heading, question.prompts, question.verb, question.puk ? 8 : 4);
     }
 
+    text: question !== null ? question.reason : ""
     onEntered: (first, second) => question.entered(first, second)
     onClosed: question = null
+
+    // Once a sheet that closes has given the keyboard back.
+    Timer {
+        id: placing
+
+        interval: 0
+        onTriggered: {
+            if (sheet.next === null || sheet.parent.visible)
+                return;
+            sheet.demand(sheet.next);
+            sheet.next = null;
+        }
+    }
+
+    Connections {
+        target: sheet.parent
+
+        function onVisibleChanged() {
+            placing.restart();
+        }
+    }
 
     Connections {
         target: sheet.question !== null ? sheet.question.request : null

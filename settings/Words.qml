@@ -44,6 +44,8 @@ QtObject {
             return qsTr("The link to the telephony service is gone. It is opened again when you try again.");
         case CallSetup.AccessDenied:
             return qsTr("This program may not use the telephony service. Ask who manages the phone.");
+        case CallSetup.Pin2Needed:
+            return qsTr("The SIM wants the PIN2 before each such change. Enter it, and the change is made.");
         case CallSetup.NotStored:
             return qsTr("The setting could not be stored, and the one from before still holds. Try again.");
         case CallSetup.DiskFull:

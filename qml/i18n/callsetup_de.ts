@@ -36,6 +36,10 @@
         <translation>Die SIM-Karte hat die PIN zum letzten Mal abgelehnt. Sie ist jetzt gesperrt.</translation>
     </message>
     <message>
+        <source>The SIM wants the PIN2 first.</source>
+        <translation>Die SIM-Karte verlangt zuerst die PIN2.</translation>
+    </message>
+    <message>
         <source>This phone or its network does not offer this.</source>
         <translation>Dieses Telefon oder sein Netz bietet das nicht an.</translation>
     </message>

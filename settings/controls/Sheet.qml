@@ -164,6 +164,16 @@ T.Popup {
             }
         }
 
+        // There is more below.
+        Rectangle {
+            x: -sheet.leftPadding
+            y: scroll.height
+            width: sheet.width
+            height: 1
+            color: Theme.hairline
+            visible: !scroll.atYEnd
+        }
+
         Row {
             id: buttons
 
@@ -185,6 +195,7 @@ T.Popup {
             PushButton {
                 id: yes
 
+                objectName: "confirm"
                 width: buttons.side
                 text: sheet.action
                 filled: true

@@ -11,6 +11,79 @@ PhonePage {
         id: costs
     }
 
+    SimPins {
+        id: pins
+
+        autoRefresh: false
+    }
+
+    /** Has the PIN2 verified, then makes the change that failed for the lack of it: of a setting, or the reset for null. */
+    function verifyPin2(setting: Setting): void {
+        pin2Question.setting = setting;
+        pinSheet.demandSoon(pin2Question);
+    }
+
+    /** Makes a change again that failed. */
+    function again(setting: Setting): void {
+        if (setting.result === CallSetup.Pin2Needed)
+            verifyPin2(setting);
+        else
+            setting.retry();
+    }
+
+    function nextStep(result: int): string {
+        return result === CallSetup.Pin2Needed ? qsTr("Enter PIN2") : qsTr("Try again");
+    }
+
+    Connections {
+        target: costs.maximum
+
+        function onTakenBack() {
+            if (costs.maximum.result === CallSetup.Pin2Needed)
+                page.verifyPin2(costs.maximum);
+        }
+    }
+
+    Connections {
+        target: costs.price
+
+        function onTakenBack() {
+            if (costs.price.result === CallSetup.Pin2Needed)
+                page.verifyPin2(costs.price);
+        }
+    }
+
+    Connections {
+        target: resetRow.request
+
+        function onFinished() {
+            if (resetRow.request.result === CallSetup.Pin2Needed)
+                page.verifyPin2(null);
+        }
+    }
+
+    PinQuestion {
+        id: pin2Question
+
+        property Setting setting: null
+
+        heading: qsTr("Enter PIN2")
+        reason: qsTr("The SIM wants it before each change of its meter.")
+        prompts: [qsTr("PIN2")]
+        verb: qsTr("OK")
+        onEntered: pin2 => request = pins.verify(SimPins.Pin2, pin2)
+        onTaken: {
+            if (setting !== null)
+                setting.retry();
+            else
+                resetRow.wanted();
+        }
+    }
+
+    PinRequestSheet {
+        id: pinSheet
+    }
+
     Section {
         heading: qsTr("Costs")
 
@@ -26,7 +99,10 @@ PhonePage {
         }
 
         RequestRow {
+            id: resetRow
+
             objectName: "reset-costs"
+            failureAction: page.nextStep(request !== null ? request.result : CallSetup.Success)
             label: qsTr("Reset the costs")
             dangerous: true
             question: ConfirmSheet {
@@ -49,8 +125,9 @@ PhonePage {
             known: costs.maximum.known
             busy: costs.maximum.busy
             failure: Words.of(costs.maximum)
+            failureAction: page.nextStep(costs.maximum.result)
             onPressed: limitSheet.start()
-            onRetry: costs.maximum.retry()
+            onRetry: page.again(costs.maximum)
         }
 
         EntryRow {
@@ -59,8 +136,9 @@ PhonePage {
             known: costs.price.known
             busy: costs.price.busy
             failure: Words.of(costs.price)
+            failureAction: page.nextStep(costs.price.result)
             onPressed: priceSheet.start()
-            onRetry: costs.price.retry()
+            onRetry: page.again(costs.price)
         }
 
         SettingChoice {

@@ -47,10 +47,6 @@
         <source>Connected</source>
         <translation>Verbunden</translation>
     </message>
-    <message>
-        <source>Not connected</source>
-        <translation>Nicht verbunden</translation>
-    </message>
 </context>
 <context>
     <name>BusyMark</name>
@@ -203,6 +199,10 @@
         <source>Delete the last digit</source>
         <translation>Letzte Ziffer löschen</translation>
     </message>
+    <message>
+        <source>The calls cannot be read. %1</source>
+        <translation>Die Anrufe sind nicht lesbar. %1</translation>
+    </message>
 </context>
 <context>
     <name>CostsPage</name>
@@ -322,6 +322,30 @@
     <message>
         <source>Price</source>
         <translation>Preis</translation>
+    </message>
+    <message>
+        <source>Enter PIN2</source>
+        <translation>PIN2 eingeben</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+    <message>
+        <source>The SIM wants it before each change of its meter.</source>
+        <translation>Die SIM verlangt sie vor jeder Änderung ihres Zählers.</translation>
+    </message>
+    <message>
+        <source>PIN2</source>
+        <translation>PIN2</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Not known</source>
+        <translation>Nicht bekannt</translation>
     </message>
 </context>
 <context>
@@ -482,8 +506,8 @@
         <translation>Wird gelesen …</translation>
     </message>
     <message>
-        <source>Not read</source>
-        <translation>Nicht gelesen</translation>
+        <source>Could not be read</source>
+        <translation>Nicht lesbar</translation>
     </message>
 </context>
 <context>
@@ -999,7 +1023,7 @@
     </message>
     <message>
         <source>Add the national prefix</source>
-        <translation>Landesvorwahl ergänzen</translation>
+        <translation>Nationale Vorwahl ergänzen</translation>
     </message>
     <message>
         <source>Puts %1 before a number</source>
@@ -1391,18 +1415,6 @@
         <translation>Speichern</translation>
     </message>
     <message>
-        <source>Kept on the phone</source>
-        <translation>Auf dem Telefon</translation>
-    </message>
-    <message>
-        <source>Kept on the SIM</source>
-        <translation>Auf der SIM</translation>
-    </message>
-    <message>
-        <source>Kept on</source>
-        <translation>Gespeichert auf</translation>
-    </message>
-    <message>
         <source>Phone</source>
         <translation>Telefon</translation>
     </message>
@@ -1413,6 +1425,18 @@
     <message>
         <source>Neither</source>
         <translation>Keinem</translation>
+    </message>
+    <message>
+        <source>Also kept on the phone</source>
+        <translation>Auch auf dem Telefon</translation>
+    </message>
+    <message>
+        <source>Also kept on the SIM</source>
+        <translation>Auch auf der SIM</translation>
+    </message>
+    <message>
+        <source>Also kept on</source>
+        <translation>Auch gespeichert auf</translation>
     </message>
 </context>
 <context>
@@ -1454,7 +1478,7 @@
     </message>
     <message>
         <source>Tell when video is possible</source>
-        <translation>Video anbieten</translation>
+        <translation>Auf Video hinweisen</translation>
     </message>
     <message>
         <source>During a voice call</source>
@@ -1556,10 +1580,6 @@
         <translation>Dieser Anruf ist beendet. Wählen Sie neu, um weiterzusprechen.</translation>
     </message>
     <message>
-        <source>The SIM refused the PIN. Enter it once more, with care: after a few wrong tries it is locked.</source>
-        <translation>Die SIM hat die PIN abgelehnt. Geben Sie sie mit Bedacht noch einmal ein: Nach einigen falschen Versuchen ist sie gesperrt.</translation>
-    </message>
-    <message>
         <source>This phone or its network does not offer this. Ask your provider whether it can.</source>
         <translation>Dieses Telefon oder sein Netz bietet das nicht an. Fragen Sie Ihren Anbieter, ob es möglich ist.</translation>
     </message>
@@ -1578,6 +1598,14 @@
     <message>
         <source>The SIM takes no more PUK. Ask your provider for another SIM.</source>
         <translation>Die SIM nimmt keine PUK mehr an. Bitten Sie Ihren Anbieter um eine andere SIM.</translation>
+    </message>
+    <message>
+        <source>The SIM refused the PIN. Enter it once more, with care: three wrong ones in a row lock it.</source>
+        <translation>Die SIM hat die PIN abgelehnt. Geben Sie sie noch einmal mit Bedacht ein: Drei falsche hintereinander sperren sie.</translation>
+    </message>
+    <message>
+        <source>The SIM wants the PIN2 before each such change. Enter it, and the change is made.</source>
+        <translation>Die SIM verlangt vor jeder solchen Änderung die PIN2. Geben Sie sie ein, dann wird geändert.</translation>
     </message>
 </context>
 </TS>

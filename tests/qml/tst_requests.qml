@@ -189,7 +189,7 @@ TestCase {
         const results = [CallSetup.InvalidParameter, CallSetup.CallRequestFailed, CallSetup.NoNumber,
                          CallSetup.InvalidCall, CallSetup.Refused, CallSetup.SimUnavailable, CallSetup.PinRejected,
                          CallSetup.PinBlocked, CallSetup.NotSupported, CallSetup.TimedOut, CallSetup.ServiceBusy,
-                         CallSetup.ServiceDown, CallSetup.ModemOffline, CallSetup.LinkLost, CallSetup.AccessDenied,
+                         CallSetup.ServiceDown, CallSetup.ModemOffline, CallSetup.LinkLost, CallSetup.AccessDenied, CallSetup.Pin2Needed,
                          CallSetup.NotStored, CallSetup.DiskFull, CallSetup.NotAllowed, CallSetup.Cancelled]
         const english = results.map(result => CallSetup.resultText(result))
         for (const text of english)

@@ -235,6 +235,54 @@ TEST_F(KeyboardTest, AWrongPinIsToldInWordsAndForgotten)
     EXPECT_TRUE(waitFor([&] { return says("The SIM refused the PUK."); }));
 }
 
+TEST_F(KeyboardTest, IsAskedForThePin2ThatAChangeWants)
+{
+    constexpr int pin2Needed = 0x9007;
+    open(QStringLiteral("costs"), {.calm = true});
+    ASSERT_TRUE(settle());
+    const auto typesInto = [&](bool masked) {
+        return waitFor([&] {
+            return focused() && focused()->inherits("QQuickTextInput")
+                && (focused()->property("displayText").toString().isEmpty() || !masked)
+                && (focused()->property("echoMode").toInt() != 0) == masked;
+        });
+    };
+    QQuickItem *const limit = find(QStringLiteral("limit"));
+    phone().setAnswer("TAPI_CS_SetCallMeterMax", {.result = pin2Needed, .out = {}, .times = 1});
+    ASSERT_TRUE(QMetaObject::invokeMethod(limit, "click"));
+    ASSERT_TRUE(typesInto(false));
+    focused()->setProperty("text", QStringLiteral("20"));
+    press(Qt::Key_Return);
+    ASSERT_TRUE(typesInto(true));
+    EXPECT_TRUE(limit->property("failure").toString().startsWith(QStringLiteral("The SIM wants the PIN2")));
+
+    // Who does not know it now can give it later.
+    press(Qt::Key_Escape);
+    ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("confirm")) == nullptr; }));
+    EXPECT_EQ(limit->property("failureAction").toString(), QStringLiteral("Enter PIN2"));
+    ASSERT_TRUE(QMetaObject::invokeMethod(limit, "retry"));
+    ASSERT_TRUE(typesInto(true));
+    for (const char *const pin2 : {"0000", "5678"}) {
+        type(QString::fromLatin1(pin2));
+        press(Qt::Key_Return);
+        ASSERT_TRUE(settle());
+    }
+    EXPECT_TRUE(waitFor([&] { return limit->property("value").toString() == QLatin1String("20"); }))
+        << limit->property("value").toString().toStdString();
+    EXPECT_EQ(limit->property("failure").toString(), QString());
+
+    phone().setAnswer("TAPI_CS_ResetCallMeter", {.result = pin2Needed, .out = {}, .times = 1});
+    ASSERT_TRUE(QMetaObject::invokeMethod(find(QStringLiteral("reset-costs")), "click"));
+    ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("confirm")) != nullptr; }));
+    ASSERT_TRUE(QMetaObject::invokeMethod(find(QStringLiteral("confirm")), "click"));
+    ASSERT_TRUE(typesInto(true));
+    type(QStringLiteral("5678"));
+    press(Qt::Key_Return);
+    EXPECT_TRUE(waitFor([&] {
+        return find(QStringLiteral("spent"))->property("value").toString() == QLatin1String("0.00");
+    }));
+}
+
 TEST_F(KeyboardTest, MovesAPreferredNetwork)
 {
     open(QStringLiteral("preferred"), {.calm = true});
