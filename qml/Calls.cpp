@@ -1,6 +1,8 @@
 // How calls are watched and requested.
 #include "Calls.h"
 
+#include <utility>
+
 namespace Kvq {
 
 namespace {
@@ -74,7 +76,11 @@ Calls::Calls(QObject *parent)
     m_activity->setReader(readCalls, [this](const QVariant &calls) { take(calls.value<QList<Call>>()); });
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, m_activity, &Activity::readQuietly);
-    connect(m_activity, &Activity::readingEnded, this, &Calls::lookAgain);
+    connect(m_activity, &Activity::readingEnded, this, [this] {
+        if (std::exchange(m_readResult, m_activity->readResult()) != m_activity->readResult())
+            Q_EMIT readResultChanged();
+        lookAgain();
+    });
 }
 
 void Calls::setWatching(bool watching)

@@ -31,6 +31,7 @@ class Calls : public Kvq::ListSubject {
     Q_PROPERTY(bool watching READ isWatching WRITE setWatching NOTIFY watchingChanged)
     Q_PROPERTY(int interval READ interval WRITE setInterval NOTIFY intervalChanged)
     Q_PROPERTY(int idleInterval READ idleInterval WRITE setIdleInterval NOTIFY idleIntervalChanged)
+    Q_PROPERTY(int readResult READ readResult NOTIFY readResultChanged)
     Q_PROPERTY(bool canSwap READ canSwap NOTIFY possibilitiesChanged)
     Q_PROPERTY(bool canJoin READ canJoin NOTIFY possibilitiesChanged)
     Q_PROPERTY(Kvq::BoolSetting *muted MEMBER m_muted CONSTANT)
@@ -73,6 +74,8 @@ public:
     void setInterval(int milliseconds);
     int idleInterval() const { return m_idleInterval; }
     void setIdleInterval(int milliseconds);
+    /** Of the last reading of the table; while it is no success, the rows are those of an earlier one. */
+    int readResult() const { return m_readResult; }
     /** There are an active and a held call. */
     bool canSwap() const { return firstIn(Active) != 0 && firstIn(Held) != 0; }
     bool canJoin() const { return canSwap(); }
@@ -105,6 +108,7 @@ Q_SIGNALS:
     void watchingChanged();
     void intervalChanged();
     void idleIntervalChanged();
+    void readResultChanged();
     void possibilitiesChanged();
     void callAdded(int callId, const QString &number, bool incoming);
     void callRemoved(int callId);
@@ -126,6 +130,7 @@ private:
     bool m_isComplete = false;
     int m_interval = 500;
     int m_idleInterval = 2000;
+    int m_readResult = TAPI_RESULT_SUCC;
 };
 
 } // namespace Kvq

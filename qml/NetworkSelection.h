@@ -77,7 +77,10 @@ private:
     BoolSetting *const m_serviceTone =
         m_activity->setting<BoolSetting>(&Network::getServiceTone, &Network::setServiceTone);
     TextSetting *const m_serviceProvider = m_activity->custom<TextSetting>([](Engine &engine) {
-        return Answer{TAPI_RESULT_SUCC, engine.network.getServiceProviderName().name};
+        const QString name = engine.network.getServiceProviderName().name;
+        // A SIM without a name gives none; an empty one was not read.
+        const bool isRead = name.isNull() || !name.isEmpty();
+        return Operations::answerOf(isRead ? TAPI_RESULT_SUCC : TAPI_RESULT_FAIL, name);
     });
     QPointer<Request> m_search;
 };

@@ -59,6 +59,8 @@ public:
     /** The same without the item showing that it is busy, for what it reads again and again by itself. */
     void readQuietly();
     bool isReading() const { return m_reading; }
+    /** Of the reader's last run. */
+    int readResult() const { return m_readResult; }
     void cancel();
 
     Request *request(Job job);

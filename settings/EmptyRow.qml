@@ -11,7 +11,7 @@ SettingRow {
 
     readonly property bool read: subject.state === CallSetup.Ready
 
-    label: read ? text : subject.busy ? qsTr("Reading …") : qsTr("Not read")
+    label: read ? text : subject.busy ? qsTr("Reading …") : qsTr("Could not be read")
     description: read ? meaning : ""
     ink: Theme.quiet
     known: read

@@ -1,4 +1,5 @@
-// A row that asks for a PIN and does something with it. Afterwards it says that it was done.
+// A row that asks for a PIN and does something with it. Afterwards it says what came of it, if the sheet has not.
+import QtQuick
 import Kvq.CallSetup
 import Kvq.Settings.Controls
 
@@ -17,6 +18,15 @@ ActionRow {
     signal entered(string first, string second)
     signal succeeded()
 
+    readonly property bool asking: sheet.question === question
+
+    busy: !asking && request !== null && request.busy
+    failure: {
+        if (asking || request === null || request.state !== CallSetup.Failed)
+            return "";
+        return puk ? Words.pukSentence(request.result, request.error) : Words.of(request);
+    }
+    onRetry: pressed()
     onPressed: {
         description = "";
         sheet.demand(question);
@@ -27,9 +37,16 @@ ActionRow {
 
         heading: row.label
         onEntered: (first, second) => row.entered(first, second)
-        onTaken: {
-            row.description = row.done;
-            row.succeeded();
+    }
+
+    Connections {
+        target: row.request
+
+        function onFinished() {
+            if (row.request.result === CallSetup.Success) {
+                row.description = row.done;
+                row.succeeded();
+            }
         }
     }
 }

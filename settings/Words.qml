@@ -27,7 +27,7 @@ QtObject {
         case CallSetup.SimUnavailable:
             return qsTr("The SIM does not answer. Check that it is inserted and unlocked.");
         case CallSetup.PinRejected:
-            return qsTr("The SIM refused the PIN. Enter it once more, with care: after a few wrong tries it is locked.");
+            return qsTr("The SIM refused the PIN. Enter it once more, with care: three wrong ones in a row lock it.");
         case CallSetup.PinBlocked:
             return qsTr("The SIM has locked this PIN. Unblock it with the PUK that came with the SIM.");
         case CallSetup.NotSupported:

@@ -52,8 +52,9 @@ PhonePage {
 
         SettingRow {
             label: qsTr("Telephony")
-            known: CallSetup.connectionResult <= 0
-            value: CallSetup.connected ? qsTr("Connected") : qsTr("Not connected")
+            known: CallSetup.connected
+            value: qsTr("Connected")
+            busy: CallSetup.connectionResult === CallSetup.Success
             failure: CallSetup.connectionResult > 0
                 ? Words.sentence(CallSetup.connectionResult, CallSetup.connectionError) : ""
             onRetry: CallSetup.connectTelephony()

@@ -31,6 +31,17 @@ PhonePage {
 
     busy: request !== null && request.busy || taken !== null && taken.busy
 
+    FailureLine {
+        objectName: "unread"
+        width: parent.width
+        inset: 0
+        reason: page.calls !== null && page.calls.readResult !== CallSetup.Success
+            ? qsTr("The calls cannot be read. %1")
+                  .arg(Words.sentence(page.calls.readResult, CallSetup.resultText(page.calls.readResult)))
+            : ""
+        onRetry: page.calls.refresh()
+    }
+
     Section {
         heading: qsTr("Calls")
         visible: page.talking

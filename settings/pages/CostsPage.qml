@@ -187,9 +187,9 @@ PhonePage {
         }
     }
 
-    /** "1:5:3" as "1:05:03". */
+    /** "1:5:3" as "1:05:03". The phone gives no time that it does not know. */
     function clock(time: string): string {
-        return time.split(":").map((part, at) => at > 0 ? part.padStart(2, "0") : part).join(":");
+        return time === "" ? qsTr("Not known") : time.split(":").map((part, at) => at > 0 ? part.padStart(2, "0") : part).join(":");
     }
 
     Sheet {

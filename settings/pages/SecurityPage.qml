@@ -110,12 +110,17 @@ PhonePage {
             checked: fixed.enabled.value
             known: fixed.enabled.known
             busy: fixed.enabled.busy
-            failure: Words.of(fixed.enabled)
+            failure: Words.of(fixed.enabled) || (sheet.question !== fixedQuestion ? Words.of(fixedQuestion.request) : "")
             onToggled: on => {
                 fixedQuestion.on = on;
                 sheet.demand(fixedQuestion);
             }
-            onRetry: fixed.refresh()
+            onRetry: {
+                if (fixed.enabled.state === CallSetup.Failed)
+                    fixed.refresh();
+                else
+                    sheet.demand(fixedQuestion);
+            }
         }
     }
 

@@ -226,6 +226,19 @@ TEST_F(KeyboardTest, AWrongPinIsToldInWordsAndForgotten)
     EXPECT_EQ(find(QStringLiteral("enter-pin"))->property("description").toString(),
               QStringLiteral("The SIM took it."));
 
+    // Who does not wait for the answer is told it all the same.
+    phone().setDelay("TAPI_SECURITY_*", std::chrono::milliseconds(200));
+    QQuickItem *const enter = find(QStringLiteral("enter-pin"));
+    ASSERT_TRUE(QMetaObject::invokeMethod(enter, "click"));
+    ASSERT_TRUE(waitFor([&] { return focused() && focused()->inherits("QQuickTextInput"); }));
+    type(QStringLiteral("9999"));
+    press(Qt::Key_Return);
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(waitFor([&] {
+        return enter->property("failure").toString().startsWith(QLatin1String("The SIM refused the PIN."));
+    }));
+    phone().setDelay("TAPI_SECURITY_*", {});
+
     ASSERT_TRUE(QMetaObject::invokeMethod(find(QStringLiteral("unblock-pin")), "click"));
     for (const char *const words : {"00000000", "1111", "1111"}) {
         ASSERT_TRUE(waitFor([&] { return focused() && focused()->inherits("QQuickTextInput"); }));
