@@ -266,8 +266,11 @@ void Desk::setMissing(const QString &subject, bool missing)
 
 void Desk::reset()
 {
-    if (SimulatedPhoneControl *const phone = findSimulatedPhone())
+    if (SimulatedPhoneControl *const phone = findSimulatedPhone()) {
         phone->reset();
+        phone->setLink(
+            true); // a program that runs has opened it and does not know that it is another phone's
+    }
     s_delay = 0;
     s_diskFull = false;
     s_simReady = true;

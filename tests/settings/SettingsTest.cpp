@@ -6,6 +6,7 @@
 SettingsTest::SettingsTest()
 {
     phone().reset();
+    phone().setLink(true); // the worker opened it for an earlier test
 }
 
 SettingsTest::~SettingsTest()
