@@ -112,7 +112,7 @@ FocusScope {
                 - (mark.visible ? mark.width + content.spacing : 0)
                 - (warning.visible ? warning.width + content.spacing : 0)
             readonly property bool stacked: row.value !== ""
-                && name.implicitWidth + ending.implicitWidth + content.spacing > room
+                && name.implicitWidth + ending.implicitWidth + 2 * content.spacing > room
 
             width: parent.width
             implicitHeight: Math.max(Theme.row, content.implicitHeight + topPadding + bottomPadding)

@@ -8,8 +8,8 @@ PhonePage {
     id: page
 
     function locationText(location: int): string {
-        return location === SpeedDial.OnPhone ? qsTr("Kept on the phone")
-            : location === SpeedDial.OnSim ? qsTr("Kept on the SIM") : "";
+        return location === SpeedDial.OnPhone ? qsTr("Also kept on the phone")
+            : location === SpeedDial.OnSim ? qsTr("Also kept on the SIM") : "";
     }
 
     SpeedDial {
@@ -71,7 +71,7 @@ PhonePage {
         }
 
         more: Segments {
-            label: qsTr("Kept on")
+            label: qsTr("Also kept on")
             labelled: true
             choices: [
                 { value: SpeedDial.OnPhone, text: qsTr("Phone") },
