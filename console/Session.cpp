@@ -183,6 +183,11 @@ const Session::Command *Session::findCommand(const QString &name) const
     return found == m_commands.end() ? nullptr : &*found;
 }
 
+bool Session::canRun(const Command &command)
+{
+    return !command.needsPhone || findSimulatedPhone();
+}
+
 /** The words that can follow, as the usage tells: "start CALLID [complete] | accept". */
 QStringList Session::choices(const Command &command, const QStringList &wordsBefore)
 {
@@ -216,8 +221,10 @@ QStringList Session::completions(const QString &line) const
     if (words.isEmpty()) {
         for (const Operation &operation : operations())
             names << operation.name << operation.fullName();
-        for (const Command &command : m_commands)
-            names += command.name;
+        for (const Command &command : m_commands) {
+            if (canRun(command))
+                names += command.name;
+        }
     } else {
         const QString name = commandOf(words.takeFirst());
         if (const Command *const command = findCommand(name))
@@ -269,7 +276,7 @@ Status Session::runCommand(const QString &name, const QStringList &words)
     const Command *const found = findCommand(name);
     if (!found)
         return mistake(QStringLiteral("there is no command %1: expected one that .help shows").arg(name));
-    if (found->needsPhone && !findSimulatedPhone())
+    if (!canRun(*found))
         return mistake(
             QStringLiteral("%1: the simulated phone is not loaded: the platform library is another one")
                 .arg(name));
@@ -322,7 +329,7 @@ QString Session::showHelp(const QStringList &words)
     if (words.isEmpty()) {
         say(QStringLiteral("Type the name of an operation and its arguments, or one of these:"));
         for (const Command &command : m_commands) {
-            if (!command.needsPhone || findSimulatedPhone())
+            if (canRun(command))
                 say(QStringLiteral("  %1 %2\n      %3").arg(command.name, command.usage, command.help));
         }
         if (findSimulatedPhone())
@@ -374,7 +381,8 @@ void Session::addCommands()
          QStringLiteral("Shows the platform calls that an operation makes (on at the start)."), 1, 1,
          [this, onOff](const QStringList &words) {
              return onOff(words, [this](bool on) { setCallsShown(on); });
-         }},
+         },
+         true},
         {QStringLiteral(".log"), QStringLiteral("on|off"),
          QStringLiteral("Shows the engine's log lines (off at the start)."), 1, 1,
          [this, onOff](const QStringList &words) {

@@ -67,6 +67,7 @@ private:
     };
 
     const Command *findCommand(const QString &name) const;
+    static bool canRun(const Command &command);
     static QStringList choices(const Command &command, const QStringList &wordsBefore);
     void addCommands();
     void addPhoneCommands();

@@ -2,7 +2,6 @@
 #include "Program.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QRegularExpression>
 #include <QSet>
 
@@ -13,39 +12,44 @@ namespace {
 using Program::Output;
 using Program::words;
 using testing::HasSubstr;
+using testing::Not;
 
 class ConsoleTest : public testing::Test {
 protected:
-    void SetUp() override
+    Output run(const QStringList &arguments, const QByteArray &input = {})
     {
-        if (!KVQ_SIMULATED_PHONE)
-            GTEST_SKIP() << "this build has no simulated phone";
-    }
-
-    Output run(QStringList arguments, const QByteArray &input = {})
-    {
-        arguments.prepend(m_directory.filePath(QStringLiteral("settings.db")));
-        arguments.prepend(QStringLiteral("--settings"));
-        return Program::run(QStringLiteral(KVQ_CONSOLE), arguments, input);
+        return Program::run(QStringLiteral(KVQ_CONSOLE), arguments, input,
+                            Program::environmentIn(m_directory.path()));
     }
 
     QTemporaryDir m_directory;
 };
 
-class ConsoleOnAnyPlatformTest : public testing::Test { };
+class ConsoleOnTheSimulatedPhoneTest : public ConsoleTest {
+protected:
+    void SetUp() override
+    {
+        if (!Program::onSimulatedPhone())
+            GTEST_SKIP() << "the simulated phone is not loaded";
+    }
+};
 
-TEST_F(ConsoleTest, SettingsAreKeptFromOneRunToTheNext)
+TEST_F(ConsoleOnTheSimulatedPhoneTest, SettingsAreKeptFromOneRunToTheNext)
 {
-    EXPECT_EQ(run(words("-q isRoamAlert")).text, "result = false\n");
-    EXPECT_EQ(run(words("setRoamAlert on")).text,
+    const QStringList settings = {QStringLiteral("--settings"),
+                                  m_directory.filePath(QStringLiteral("settings.db"))};
+    EXPECT_EQ(run(settings + words("-q isRoamAlert")).text, "result = false\n");
+    EXPECT_EQ(run(settings + words("setRoamAlert on")).text,
               "  SETUP_SET_Manager(4, true)\n"
               "  SETUP_SET_Manager::setSettingInfo(\"Setup\", \"roamAlert\", true) = true\n"
               "  ~SETUP_SET_Manager()\nresult = true\n");
-    EXPECT_EQ(run(words("-q isRoamAlert")).text, "result = true\n");
+    EXPECT_EQ(run(settings + words("-q isRoamAlert")).text, "result = true\n");
+    EXPECT_EQ(run(words("-q isRoamAlert")).text, "result = false\n") << "another file";
 }
 
 TEST_F(ConsoleTest, MistakesAreNamedAndNothingIsCalled)
 {
+    static constexpr char notLoaded[] = "the simulated phone is not loaded";
     const struct {
         const char *line;
         const char *error;
@@ -59,9 +63,10 @@ TEST_F(ConsoleTest, MistakesAreNamedAndNothingIsCalled)
          "expected unconditional, busy, no-reply, not-reachable, all, "
          "all-conditional or a number from 0 to 4294967295"},
         {"getSearchMode", "expected PHONE_ENG_Setup::getSearchMode or PHONE_ENG_NtInterface::getSearchMode"},
-        {".fail TAPI_NO_SUCH 1", "there is no platform function TAPI_NO_SUCH"},
+        {".fail TAPI_NO_SUCH 1",
+         Program::onSimulatedPhone() ? "there is no platform function TAPI_NO_SUCH" : notLoaded},
+        {".ring", Program::onSimulatedPhone() ? "wrong number of arguments" : notLoaded},
         {".nothing", "there is no command .nothing"},
-        {".ring", "wrong number of arguments"},
         {"--nothing", "Unknown option 'nothing'"},
     };
     for (const auto &row : rows) {
@@ -86,7 +91,7 @@ TEST_F(ConsoleTest, AScriptStopsAtItsFirstMistake)
     EXPECT_NE(output.errors.find("script:4: isReminder: too many arguments: now"), std::string::npos);
 }
 
-TEST_F(ConsoleTest, ThePromptGoesOnAfterAMistakeAndShowsSignals)
+TEST_F(ConsoleOnTheSimulatedPhoneTest, ThePromptGoesOnAfterAMistakeAndShowsSignals)
 {
     const Output output = run(words("-q"),
                               "nothing\n.disk full\nsetReminder off\n.fail TAPI_CS_SelectLine 5 1\n"
@@ -123,7 +128,7 @@ TEST_F(ConsoleTest, EveryExportedOperationIsReachable)
     EXPECT_GT(operations, 180);
 }
 
-TEST_F(ConsoleTest, TheTourEndsWell)
+TEST_F(ConsoleOnTheSimulatedPhoneTest, TheTourEndsWell)
 {
     const Output output =
         run({QStringLiteral("--script"), QStringLiteral(KVQ_TOUR), QStringLiteral("--echo")});
@@ -161,7 +166,7 @@ TEST_F(ConsoleTest, HelpTellsWhatAnOperationDoesTakesGivesAndAsks)
     }
 }
 
-TEST_F(ConsoleTest, InputIsAnsweredLineByLine)
+TEST_F(ConsoleOnTheSimulatedPhoneTest, InputIsAnsweredLineByLine)
 {
     const Output output = run(words("-q"),
                               "help\n?\n.delay TAPI_VOICE_MuteBeep 40\n.state\n.link up\n.reset\n"
@@ -180,6 +185,7 @@ TEST_F(ConsoleTest, InputIsAnsweredLineByLine)
 TEST_F(ConsoleTest, WhatCannotBeShownIsNoSuccess)
 {
     QProcess console;
+    console.setProcessEnvironment(Program::environmentIn(m_directory.path()));
     console.setStandardOutputFile(QStringLiteral("/dev/full"));
     console.start(QStringLiteral(KVQ_CONSOLE), words("-q .list"));
     ASSERT_TRUE(console.waitForFinished());
@@ -187,21 +193,19 @@ TEST_F(ConsoleTest, WhatCannotBeShownIsNoSuccess)
     EXPECT_EQ(console.readAllStandardError().toStdString(), "error: standard output cannot be written\n");
 }
 
-/** A platform library without a simulated phone takes the place of the one that is there. */
-TEST_F(ConsoleOnAnyPlatformTest, OperationsWorkAndThePhonesCommandsSayWhyTheyDoNot)
+/** On a platform library without a simulated phone. */
+TEST_F(ConsoleTest, OperationsWorkAndThePhonesCommandsSayWhyTheyDoNot)
 {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("LD_LIBRARY_PATH"),
-                       QFileInfo(QStringLiteral(KVQ_SKELETON)).absolutePath());
-    const Output output = Program::run(QStringLiteral(KVQ_CONSOLE), {},
-                                       "currentLineNo\nsetRoamAlert on\n.ring 5551234\n", environment);
+    if (Program::onSimulatedPhone())
+        GTEST_SKIP() << "the simulated phone is loaded";
+    const Output output = run({}, "currentLineNo\nsetRoamAlert on\n.ring 5551234\n");
     EXPECT_EQ(output.text, "line = 1\nresult = 36864 (TAPI_RESULT_NOT_SUPPORTED)\nresult = false\n");
     EXPECT_THAT(output.errors, HasSubstr(".ring: the simulated phone is not loaded"));
     EXPECT_EQ(output.status, 2);
-    const Output settings =
-        Program::run(QStringLiteral(KVQ_CONSOLE), words("--settings file isReminder"), {}, environment);
+    const Output settings = run(words("--settings file isReminder"));
     EXPECT_EQ(settings.status, 2);
     EXPECT_THAT(settings.errors, HasSubstr("--settings: the simulated phone is not loaded"));
+    EXPECT_THAT(run(words(".help")).text, testing::AllOf(HasSubstr(".list"), Not(HasSubstr(".ring"))));
 }
 
 } // namespace

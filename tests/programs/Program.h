@@ -2,7 +2,9 @@
 #pragma once
 
 #include <QByteArray>
+#include <QFileInfo>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -12,6 +14,24 @@
 #include <string>
 
 namespace Program {
+
+/** Whether the programs run on the simulated phone. Else they run on a skeleton, and never on a port's own library: that
+    one may have a real phone behind it. */
+inline bool onSimulatedPhone()
+{
+    return KVQ_SIMULATED_PHONE && !qEnvironmentVariableIsSet("KVQ_ON_SKELETON");
+}
+
+/** The surroundings of a program that keeps its settings in @p folder. */
+inline QProcessEnvironment environmentIn(const QString &folder)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_DATA_HOME"), folder);
+    if (!onSimulatedPhone())
+        environment.insert(QStringLiteral("LD_LIBRARY_PATH"),
+                           QFileInfo(QStringLiteral(KVQ_SKELETON)).absolutePath());
+    return environment;
+}
 
 struct Output {
     int status;

@@ -1,6 +1,7 @@
 // The prompt on a terminal: interrupts, completion, and what the history may keep.
+#include "Program.h"
+
 #include <QFile>
-#include <QTemporaryDir>
 
 #include <gmock/gmock.h>
 
@@ -23,9 +24,11 @@ class PromptTest : public testing::Test {
 protected:
     PromptTest()
     {
+        const QProcessEnvironment environment = Program::environmentIn(m_directory.path());
         m_console = forkpty(&m_terminal, nullptr, nullptr, nullptr);
         if (m_console == 0) {
-            setenv("XDG_DATA_HOME", qPrintable(m_directory.path()), 1);
+            for (const QString &name : environment.keys())
+                qputenv(name.toLocal8Bit().constData(), environment.value(name).toLocal8Bit());
             setenv("TERM", "xterm", 1);
             execl(KVQ_CONSOLE, KVQ_CONSOLE, "-q", nullptr);
             _exit(1);
@@ -108,6 +111,8 @@ TEST_F(PromptTest, AnInterruptDropsTheLineAndKeepsPhoneAndHistory)
 
 TEST_F(PromptTest, OnlyASecondInterruptLeavesAnOperationThatWaits)
 {
+    if (!Program::onSimulatedPhone())
+        GTEST_SKIP() << "nothing else can be told to answer late";
     const std::string told = "a second interrupt leaves";
     type(".delay TAPI_CS_* 500\r", "> ");
     for (int time = 0; time < 2; ++time) { // each operation has its own first
@@ -131,10 +136,12 @@ TEST_F(PromptTest, NamesAndArgumentWordsAreCompleted)
     type("\r", "result = ");
     type(".help setLineN\t\r", "Selects a line");
     type("setRoamAlert of\t\r", "result = ");
-    type(".fail TAPI_CS_SelectL\t5\r", "> ");
-    EXPECT_EQ(history(),
-              "getVoiceCallsDivert not-reachable\n.help setLineNo\nsetRoamAlert off\n"
-              ".fail TAPI_CS_SelectLine 5\n");
+    std::string expected = "getVoiceCallsDivert not-reachable\n.help setLineNo\nsetRoamAlert off\n";
+    if (Program::onSimulatedPhone()) {
+        type(".fail TAPI_CS_SelectL\t5\r", "> ");
+        expected += ".fail TAPI_CS_SelectLine 5\n";
+    }
+    EXPECT_EQ(history(), expected);
 }
 
 /** A line is kept only when it is known to carry no PIN; whatever was mistyped may carry one. */
@@ -158,10 +165,10 @@ TEST_F(PromptTest, NoLineThatCarriesAPinIsKept)
         type(line + "\r", shown);
     type("# setupVerifySimPin 1234\r", "> ");
     type("unblockingPin 12345678 1234\r", result);
-    type(".state\r", "PIN1");
+    type(".log off\r", "> ");
     type("isReminder\r", result);
     EXPECT_EQ(leave(), 0);
-    EXPECT_EQ(history(), ".state\nisReminder\nquit\n");
+    EXPECT_EQ(history(), ".log off\nisReminder\nquit\n");
     struct stat status = {};
     ASSERT_EQ(stat(QFile::encodeName(historyFile()).constData(), &status), 0);
     EXPECT_EQ(status.st_mode & 0777, 0600U);
