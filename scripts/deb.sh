@@ -14,6 +14,11 @@ make=(debian/rules binary)
 if (($# > 0)); then
     KVQ_BUILD=$(realpath "$1")
     export KVQ_BUILD
+    grep -qx 'CMAKE_INSTALL_PREFIX:[A-Z]*=/usr' "$KVQ_BUILD/CMakeCache.txt" || {
+        # The folders of libraries were chosen for another place than a package's.
+        echo "error: packages are for /usr: first cmake $1 -DCMAKE_INSTALL_PREFIX=/usr" >&2
+        exit 1
+    }
     architecture=$(sed -n 's/^KVQ_DEBIAN_ARCHITECTURE:STRING=//p' "$KVQ_BUILD/CMakeCache.txt")
     [[ -z $architecture ]] || make=(dpkg-architecture -a "$architecture" -c debian/rules binary-arch)
 fi
