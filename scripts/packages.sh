@@ -39,7 +39,7 @@ need_packages() {
 build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsqlite3-dev libedit-dev
     libsystemd-dev)
 test_packages=(git libgtest-dev libgmock-dev qtbase5-dev clang-14 libclang-rt-14-dev clang-format-14 valgrind
-    abigail-tools binutils dbus dpkg-dev fakeroot file lintian lld ofono)
+    abigail-tools binutils dbus dpkg-dev fakeroot file lintian lld ofono systemd)
 # The telephony daemon and its bus, for what runs on the desk.
 desk_packages=(ofono dbus tmux util-linux)
 # What the QML module and the settings application are built, translated and tested with.

@@ -5,6 +5,10 @@
 # modem_online.sh PROGRAM
 set -euo pipefail
 
+for program in busctl systemd-analyze; do
+    command -v $program >/dev/null || { echo "$program is missing"; exit 1; }
+done
+
 # The unit, with the program where it is here.
 unit=$(mktemp -d)
 trap 'rm -rf "$unit"' EXIT
