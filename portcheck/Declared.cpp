@@ -1,6 +1,8 @@
 // Looks up in a library what the platform headers declare.
 #include "Declared.h"
 
+#include <QtGlobal>
+
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -24,6 +26,7 @@ constexpr Symbol symbols[] = {
 };
 
 constexpr char expectedName[] = "libkvqplatform.so.1";
+constexpr const char *otherToolkit = QT_VERSION_MAJOR == 6 ? "libQt5Core.so.5" : "libQt6Core.so.6";
 
 std::string readable(const char *symbol)
 {
@@ -84,6 +87,10 @@ Findings examine(const char *library)
     const std::string soname = sonameOf(handle);
     if (soname != expectedName)
         findings.mistakes.push_back("its SONAME is \"" + soname + "\": the engine looks for " + expectedName);
+    // Names are the same in both generations, so nothing else keeps them from meeting in a crash.
+    if (dlopen(otherToolkit, RTLD_LAZY | RTLD_NOLOAD))
+        findings.mistakes.push_back(std::string("it brings ") + otherToolkit
+                                    + ": this engine is built with Qt " + std::to_string(QT_VERSION_MAJOR));
     void *const stream = dlsym(handle, "libaplog_to_module_ptr");
     const std::size_t room = stream ? roomOf(stream) : 0;
     if (room != 0 && room != sizeof(std::FILE *))

@@ -24,7 +24,7 @@ protected:
     }
 
     /** A library of one source, built as it stands. */
-    QString library(const QString &name, const QByteArray &source)
+    QString library(const QString &name, const QByteArray &source, const QStringList &options = {})
     {
         const QString path = m_directory.filePath(name);
         QFile file(path + QStringLiteral(".cpp"));
@@ -35,7 +35,7 @@ protected:
         arguments << QStringLiteral("-std=c++20") << QStringLiteral("-shared") << QStringLiteral("-fPIC")
                   << QStringLiteral("-I" KVQ_PLATFORM_HEADERS)
                   << QStringLiteral("-Wl,-soname,libkvqplatform.so.1") << file.fileName()
-                  << QStringLiteral("-o") << path;
+                  << QStringLiteral("-o") << path << options;
         const Output built = Program::run(QStringLiteral(KVQ_CXX_COMPILER), arguments);
         EXPECT_EQ(built.status, 0) << built.errors;
         return path;
@@ -67,7 +67,7 @@ TEST_F(PortCheckTest, ThePlatformLibraryOfThisBuildPasses)
 
 TEST_F(PortCheckTest, WhatALibraryLacksIsNamedAndWhatItBreaksIsFound)
 {
-    // The IMEI is written past its end, the socket changes, and the versions crash.
+    // The IMEI is written past its end and an object past its room, the socket changes, and the versions crash.
     const QString lacking = library(QStringLiteral("lacking.so"), R"(
 #include "LogModule.h"
 #include "TAPI_ACCE.h"
@@ -81,7 +81,7 @@ int TAPI_CLIENT_GetSyncSocketFd() { static int descriptor = 3; return descriptor
 _TAPI_RESULT_E TAPI_ACCE_GetImei(TAPI_IMEI_A imei) { std::memset(imei, '7', 24); return TAPI_RESULT_SUCC; }
 _TAPI_RESULT_E TAPI_ACCE_GetBpVersion(TAPI_BP_VER_A) { std::abort(); }
 _TAPI_RESULT_E TAPI_ACCE_SetSpeakerVolume(int) { return TAPI_RESULT_SUCC; }
-SETUP_Utility::SETUP_Utility() {}
+SETUP_Utility::SETUP_Utility() { std::memset(static_cast<void *>(this), 1, sizeof *this + 1); }
 SETUP_Utility::~SETUP_Utility() {}
 bool SETUP_Utility::getFlexBit(unsigned short, bool &) { return false; }
 )");
@@ -95,6 +95,7 @@ bool SETUP_Utility::getFlexBit(unsigned short, bool &) { return false; }
     EXPECT_THAT(output.text, Not(HasSubstr("getFlexBit")));
     EXPECT_THAT(output.text, HasSubstr("TAPI_ACCE_GetImei keeps within its record"));
     EXPECT_THAT(output.text, ContainsRegex("GetImei keeps[^\n]+FAIL: writes outside of 17 bytes"));
+    EXPECT_THAT(output.text, ContainsRegex("SETUP_Utility keeps[^\n]+FAIL: writes outside of [0-9]+ bytes"));
     EXPECT_THAT(output.text, ContainsRegex("socket stays the same +FAIL: the second question gives another"));
     EXPECT_THAT(output.text, ContainsRegex("GetBpVersion keeps[^\n]+FAIL: ended by a signal: Aborted"));
     EXPECT_THAT(output.text, ContainsRegex("GetImsi keeps[^\n]+not supported"));
@@ -148,6 +149,14 @@ TEST_F(PortCheckTest, MistakesAreNamed)
     const Output other = check({QStringLiteral(KVQ_TOUR)});
     EXPECT_EQ(other.status, 1);
     EXPECT_THAT(other.text, HasSubstr("FAIL: the library cannot be loaded"));
+    // A library that brings the other generation of the toolkit, which a stand-in plays here.
+    const QString toolkit = QString::fromLatin1(*KVQ_QT_MAJOR == '6' ? "libQt5Core.so.5" : "libQt6Core.so.6");
+    library(toolkit, {}, {QStringLiteral("-Wl,-soname,") + toolkit});
+    const Output mixed = check({library(
+        QStringLiteral("mixed.so"), {},
+        {QStringLiteral("-Wl,--no-as-needed,-rpath,") + m_directory.path(), m_directory.filePath(toolkit)})});
+    EXPECT_EQ(mixed.status, 1);
+    EXPECT_THAT(mixed.text, HasSubstr("FAIL: it brings " + toolkit.toStdString()));
     const Output empty = check({library(QStringLiteral("empty.so"), {})});
     EXPECT_EQ(empty.status, 1);
     EXPECT_THAT(empty.text, HasSubstr("missing: libaplog_to_module_ptr  (LogModule.h)\n"));
