@@ -50,7 +50,7 @@ for linker in bfd gold lld; do
     options="-fuse-ld=$linker -Wl,--fatal-warnings"
     cmake -S "$scratch/example" -B "$scratch/$linker" -DCMAKE_CXX_COMPILER="$compiler" \
         -DCMAKE_PREFIX_PATH="$root/usr" -DCMAKE_EXE_LINKER_FLAGS="$options" >/dev/null
-    cmake --build "$scratch/$linker" >/dev/null
+    cmake --build "$scratch/$linker" --target example >/dev/null
     flags=$(PKG_CONFIG_PATH=$root/usr/lib/$triplet/pkgconfig pkg-config --cflags --libs kvqcallsetupengine)
     # shellcheck disable=SC2086
     "$compiler" -std=c++20 -fPIC "$scratch/example/main.cpp" $flags $options -o "$scratch/$linker/plain"
@@ -78,7 +78,7 @@ done
 "$root/usr/bin/kvq-console" -q --script "$root/usr/share/doc/kvq-console/examples/tour.kvq" >/dev/null ||
     fail "the console does not play the tour"
 documents=$root/usr/share/doc/libkvqcallsetupengine-dev
-[[ -e $documents/html/index.html && -e $documents/examples/main.cpp ]] || fail "documents are missing"
+[[ -e $documents/html/index.html && -e $documents/examples/worker.cpp ]] || fail "documents are missing"
 
 # A port's library takes the place of the phone on the desk and gives it back: never two at once, and each is enough.
 port=$scratch/port

@@ -25,6 +25,7 @@ cmake -S "$scratch/source" -B "$scratch/build" -DCMAKE_CXX_COMPILER="$compiler" 
     -DCMAKE_PREFIX_PATH="$scratch/usr" >/dev/null
 cmake --build "$scratch/build" >/dev/null
 run "$scratch/build/example"
+run "$scratch/build/worker"
 
 flags=$(PKG_CONFIG_PATH=$library_folder/pkgconfig pkg-config --cflags --libs kvqcallsetupengine)
 # shellcheck disable=SC2086
