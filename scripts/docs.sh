@@ -5,7 +5,7 @@ cd "$(dirname "$0")/.."
 source scripts/packages.sh
 need_packages doxygen
 pages=build/reference-pages
-rm -rf "$pages"
+rm -rf "$pages" build/reference
 mkdir -p "$pages"
 awk -v folder="$pages" -f scripts/subject_pages.awk include/PHONE_ENG_*.h
 doxygen docs/Doxyfile
@@ -13,4 +13,5 @@ doxygen docs/Doxyfile
 html=build/reference/html
 sed -i '/^<tr.*md\(_source\)\?\.html/d; /^<tr.*[/>]\(docs\|build\|reference-pages\)</d; /^<tr.*\.md<\/\(a\|b\|span\)*>/d' "$html"/files.html
 rm -f "$html"/*_8md.html "$html"/*_8md_source.html
+grep -lE '<title>[^<]*: (docs|build|build/reference-pages) Directory' "$html"/dir_*.html | xargs -r rm
 echo "build/reference/html/index.html"

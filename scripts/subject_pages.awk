@@ -4,7 +4,7 @@ function finish_page() {
     if (page != "") close(page)
     page = ""
 }
-BEGIN { print "@page subjects Subjects\n" > (folder "/subjects.md") }
+BEGIN { print "# Subjects {#subjects}\n" > (folder "/subjects.md") }
 FNR == 1 { face = FILENAME; sub(/.*\//, "", face); sub(/\.h$/, "", face) }
 /\/\*\* @name / {
     finish_page()
@@ -13,7 +13,7 @@ FNR == 1 { face = FILENAME; sub(/.*\//, "", face); sub(/\.h$/, "", face) }
     id = face "_" title
     gsub(/[^A-Za-z0-9]/, "_", id)
     page = folder "/" id ".md"
-    printf "@page %s %s: %s\n\n", id, face, title > page
+    printf "# %s: %s {#%s}\n\n", face, title, id > page
     print "- @subpage " id > (folder "/subjects.md")
     introduction = 1
     next
