@@ -139,5 +139,8 @@ int main(int argc, char **argv)
     if (parser.isSet(calls))
         arguments += QStringLiteral("--calls=") + parser.value(number);
     const int status = runChecks(library, arguments);
+    if (!complete)
+        std::printf("and in the library itself, see above: %zu missing, %zu failed\n",
+                    findings.missing.size(), findings.mistakes.size());
     return status == 0 && !complete ? failedStatus : status;
 }

@@ -161,6 +161,8 @@ TEST_F(PortCheckTest, MistakesAreNamed)
     EXPECT_EQ(empty.status, 1);
     EXPECT_THAT(empty.text, HasSubstr("missing: libaplog_to_module_ptr  (LogModule.h)\n"));
     EXPECT_THAT(empty.text, HasSubstr("\n0 of "));
+    EXPECT_THAT(empty.text,
+                ContainsRegex("\nand in the library itself, see above: [0-9]+ missing, 0 failed\n$"));
     EXPECT_THAT(empty.text, HasSubstr(" 0 failed, "));
 }
 
