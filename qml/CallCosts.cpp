@@ -54,6 +54,11 @@ CallCosts::CallCosts(QObject *parent)
     , m_price(m_activity->add(new PriceSetting(this)))
 {
     connect(m_maximum, &Setting::valueChanged, this, &CallCosts::limitedChanged);
+    // What is left and what was spent is told in what was set.
+    for (Setting *const cause : std::initializer_list<Setting *>{m_maximum, m_price, m_chargeType}) {
+        for (Setting *const effect : {m_credit, m_totalCost, m_remainingTime, m_maximum})
+            connect(cause, &Setting::confirmed, effect, &Setting::refresh);
+    }
 }
 
 bool CallCosts::isLimited() const

@@ -138,9 +138,16 @@ int Calls::stateOf(int callId) const
     return Idle;
 }
 
-void Calls::take(const QList<Call> &calls)
+void Calls::take(QList<Call> calls)
 {
     const QList<Call> before = m_calls->list();
+    // A platform may know who called only as long as it rings.
+    for (Call &call : calls) {
+        call.incoming =
+            call.incoming || std::any_of(before.cbegin(), before.cend(), [&call](const Call &old) {
+                return old.callId == call.callId && old.number == call.number && old.incoming;
+            });
+    }
     const auto has = [](const QList<Call> &list, int callId) {
         return std::any_of(list.cbegin(), list.cend(),
                            [callId](const Call &call) { return call.callId == callId; });

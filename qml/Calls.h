@@ -117,7 +117,7 @@ private:
     /** Id of the first call in a state, 0 for none. */
     int firstIn(CallState state) const;
     int stateOf(int callId) const;
-    void take(const QList<Call> &calls);
+    void take(QList<Call> calls);
     void lookAgain();
     /** A request that may change the call table. */
     Request *callRequest(Job job);

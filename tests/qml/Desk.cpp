@@ -122,6 +122,17 @@ void Desk::endCall(int callId)
     });
 }
 
+void Desk::forgetWhoCalled(int callId)
+{
+    withPhone([callId](SimulatedPhone &phone) {
+        for (_TAPI_CALL_SESSION_S &call : phone.state().calls.table.sessions) {
+            if (call.callId == callId)
+                call.incoming = 0;
+        }
+        return true;
+    });
+}
+
 void Desk::lackFeature(int feature)
 {
     withPhone([feature](SimulatedPhone &phone) {

@@ -37,6 +37,7 @@ public:
     Q_INVOKABLE int ring(const QString &number);
     Q_INVOKABLE bool remoteAnswers(int callId);
     Q_INVOKABLE void endCall(int callId);
+    Q_INVOKABLE void forgetWhoCalled(int callId);
     Q_INVOKABLE void lackFeature(int feature);
     Q_INVOKABLE void preferNetworks(const QStringList &ids);
 

@@ -51,6 +51,10 @@ TestCase {
         const second = desk.ring("222")
         compare(done(calls.answer(second)), CallSetup.Success)
         compare(states(), [Calls.Held, Calls.Active])
+        desk.forgetWhoCalled(second) // as platforms do that know it only while a call rings
+        calls.refresh()
+        tryCompare(calls, "busy", false)
+        compare([0, 1].map(row => calls.data(calls.index(row, 0), Qt.UserRole + 3)), [false, true])
         compare(calls.canSwap, true)
         compare(done(calls.swap()), CallSetup.Success)
         compare(states(), [Calls.Active, Calls.Held])

@@ -243,6 +243,7 @@ TestCase {
         costs.removeMaximum()
         tryCompare(costs.maximum, "busy", false)
         compare(costs.limited, false)
+        compare(desk.calls("TAPI_CS_GetRemainCredit").length, 1) // what is left follows the limit
         desk.answer("TAPI_CS_SetPriceUnit", 0x8000, 1)
         costs.price.setPrice("0.50", "CHF")
         compare(costs.price.currency, "CHF")
