@@ -129,14 +129,6 @@ T.Popup {
                     Accessible.name: text
                 }
 
-                Column {
-                    id: body
-
-                    width: parent.width
-                    spacing: Theme.margin
-                    visible: children.length > 0
-                }
-
                 Row {
                     width: parent.width
                     visible: sheet.failure !== ""
@@ -160,6 +152,14 @@ T.Popup {
                         wrapMode: Text.Wrap
                         Accessible.ignored: true
                     }
+                }
+
+                Column {
+                    id: body
+
+                    width: parent.width
+                    spacing: Theme.margin
+                    visible: children.length > 0
                 }
             }
         }
