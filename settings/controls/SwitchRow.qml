@@ -11,7 +11,11 @@ SettingRow {
     checkable: true
     role: Accessible.CheckBox
     spokenValue: checked ? qsTr("on") : qsTr("off")
-    onPressed: toggled(!checked)
+    onPressed: {
+        // Nobody can want the other one of what is not known.
+        if (known)
+            toggled(!checked);
+    }
 
     SwitchMark {
         anchors.verticalCenter: parent.verticalCenter
