@@ -15,6 +15,8 @@ Column {
     property bool number
     /** Digits only. */
     property bool digits
+    /** Whether a button takes back what was typed, for who has no keyboard. */
+    property bool erasable
 
     signal accepted()
 
@@ -50,7 +52,7 @@ Column {
         width: parent.width
         implicitHeight: Theme.touch
         leftPadding: Theme.unit + 4
-        rightPadding: Theme.unit + 4
+        rightPadding: eraser.visible ? eraser.width : Theme.unit + 4
         verticalAlignment: TextInput.AlignVCenter
         font.pixelSize: field.number || field.digits ? Theme.title : Theme.body
         color: Theme.text
@@ -84,6 +86,20 @@ Column {
             elide: Text.ElideRight
             horizontalAlignment: input.horizontalAlignment
             Accessible.ignored: true
+        }
+
+        IconButton {
+            id: eraser
+
+            objectName: "erase"
+            anchors.right: parent.right
+            visible: field.erasable
+            enabled: input.text !== ""
+            symbol: "backspace"
+            text: qsTr("Delete the last digit")
+            focusPolicy: Qt.TabFocus
+            autoRepeat: true
+            onClicked: field.takeBack()
         }
 
         background: Rectangle {

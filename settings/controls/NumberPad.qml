@@ -46,11 +46,15 @@ Grid {
 
             readonly property string sign: modelData[0]
 
+            objectName: "key:" + sign
+
             width: (pad.width - 2 * pad.spacing) / 3
             height: pad.keyHeight
             enabled: sign !== ""
             opacity: enabled ? 1 : 0
-            focusPolicy: Qt.StrongFocus
+            // A tap leaves the keyboard with the field, whose selection the key replaces.
+            focusPolicy: Qt.TabFocus
+            autoRepeat: sign === "<"
             activeFocusOnTab: pad.stop === index
 
             Accessible.name: sign === "<" ? qsTr("Delete the last digit") : sign

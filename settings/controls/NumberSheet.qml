@@ -28,6 +28,7 @@ Sheet {
 
         label: sheet.label
         number: true
+        erasable: true
         maximumLength: 42
         onAccepted: sheet.accept()
     }

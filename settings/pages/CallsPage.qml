@@ -10,7 +10,16 @@ PhonePage {
     property Request request: null
     property string dialled
 
+    /** The keys that were tones of a call. */
+    property string tones
+
     readonly property bool talking: calls !== null && calls.count > 0
+
+    onTalkingChanged: {
+        if (!talking && field.text === tones)
+            field.text = "";
+        tones = "";
+    }
 
     function dial(): void {
         if (field.text === "")
@@ -93,7 +102,7 @@ PhonePage {
 
     Column {
         anchors.horizontalCenter: parent.horizontalCenter
-        width: Math.min(parent.width, 360)
+        width: Math.min(parent.width, 400)
         spacing: Theme.margin
 
         Field {
@@ -112,8 +121,10 @@ PhonePage {
             keyHeight: 56
             onKeyPressed: key => {
                 field.type(key);
-                if (page.talking)
+                if (page.talking) {
+                    page.tones += key;
                     page.calls.pressKey(key);
+                }
             }
             onKeyReleased: key => {
                 if (page.talking)
@@ -145,6 +156,8 @@ PhonePage {
             IconButton {
                 id: eraser
 
+                focusPolicy: Qt.TabFocus
+                autoRepeat: true
                 side: Theme.row
                 symbol: "backspace"
                 text: qsTr("Delete the last digit")

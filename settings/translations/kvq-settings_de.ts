@@ -518,6 +518,13 @@
     </message>
 </context>
 <context>
+    <name>Field</name>
+    <message>
+        <source>Delete the last digit</source>
+        <translation>Letzte Ziffer löschen</translation>
+    </message>
+</context>
+<context>
     <name>ForwardingPage</name>
     <message>
         <source>Kind of call</source>

@@ -180,6 +180,20 @@ TEST_F(PagesTest, ACallThatComesInIsTakenOnAnyPage)
     ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("hang-up")) != nullptr; }));
 }
 
+TEST_F(PagesTest, TonesOfACallAreNoNumberForTheNext)
+{
+    open(QStringLiteral("calls"));
+    const unsigned char call = phone().ring("111");
+    ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("answer")) != nullptr; }));
+    ASSERT_TRUE(QMetaObject::invokeMethod(find(QStringLiteral("answer")), "click"));
+    ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("answer")) == nullptr; }));
+    ASSERT_TRUE(QMetaObject::invokeMethod(find(QStringLiteral("key:5")), "tap"));
+    const QQuickItem *const number = find(QStringLiteral("number"));
+    EXPECT_EQ(number->property("text").toString(), QStringLiteral("5"));
+    ASSERT_TRUE(phone().remoteHangsUp(call));
+    EXPECT_TRUE(waitFor([&] { return number->property("text").toString().isEmpty(); }));
+}
+
 TEST_F(PagesTest, TwoCallsAreSwappedAndJoined)
 {
     open(QStringLiteral("calls"));

@@ -83,6 +83,26 @@ TEST_F(TouchTest, ARowHeldAtTheEdgeTakesTheListAlong)
     EXPECT_GT(order().indexOf(QStringLiteral("26201")), 8);
 }
 
+TEST_F(TouchTest, TappedDigitsReplaceTheNumberThatIsSelected)
+{
+    open(QStringLiteral("own-numbers"), {.calm = true});
+    ASSERT_TRUE(settle());
+    ASSERT_TRUE(QMetaObject::invokeMethod(find(QStringLiteral("number1")), "click"));
+    ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("key:5")) != nullptr; }));
+    // Laid out, it stands in the middle.
+    ASSERT_TRUE(waitFor(
+        [&] { return qAbs(centreOf(*find(QStringLiteral("key:5"))).x() - window().width() / 2.0) < 2; }));
+    QQuickItem *const field = window().activeFocusItem();
+    ASSERT_EQ(field->property("text").toString(), QStringLiteral("+491701234567"));
+    for (const char *const key : {"key:5", "key:7", "erase", "key:6"}) {
+        const QPointF place = centreOf(*find(QLatin1String(key)));
+        touch(place);
+        lift(place);
+    }
+    EXPECT_EQ(field->property("text").toString(), QStringLiteral("56"));
+    EXPECT_TRUE(field->hasActiveFocus());
+}
+
 TEST_F(TouchTest, ASwipeScrolls)
 {
     openNetworks(12);
