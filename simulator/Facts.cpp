@@ -121,6 +121,7 @@ std::vector<SimulatedPhoneControl::Fact> facts(const SimulatedPhone &phone)
 
     // What other programs read of the shared state; negative and 0 mean that nothing is known.
     constexpr std::array pinStates = {"rejected", "rejected for good", "accepted"};
+    constexpr std::array restrictions = {"network", "invoke", "suppress"};
     constexpr std::array forwardedLines = {"none", "line 1", "line 2", "both lines"};
     add("shared incoming call", shared.incomingCall != 0 || isRinging(state.calls) ? "yes" : "no");
     add("shared line", number(shared.phoneLine + 1));
@@ -131,7 +132,10 @@ std::vector<SimulatedPhoneControl::Fact> facts(const SimulatedPhone &phone)
         shared.cardType == 1 ? "USIM, application " + number(shared.activeAccount)
                              : "without USIM applications");
     add("shared charge type", shared.chargeType < 0 ? "not known" : number(shared.chargeType));
-    add("shared caller id", number(shared.restrictId) + ", next call " + number(shared.restrictNextId));
+    const auto restriction = [&](int id) { return word(restrictions, static_cast<std::size_t>(id)); };
+    add("shared caller id",
+        restriction(shared.restrictId) + ", next call "
+            + (shared.restrictNextId == 0 ? "not known" : restriction(shared.restrictNextId)));
     add("shared hyphenation", number(shared.dialHyphenation));
 
     for (const unsigned short feature : phone.product().missingFeatures)

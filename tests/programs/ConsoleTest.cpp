@@ -176,6 +176,7 @@ TEST_F(ConsoleOnTheSimulatedPhoneTest, InputIsAnsweredLineByLine)
     EXPECT_THAT(output.text, HasSubstr("PIN1 1234 (PUK 12345678)"));
     EXPECT_THAT(output.text, HasSubstr("TAPI_VOICE_MuteBeep: answers 40 ms later\n"));
     EXPECT_THAT(output.text, HasSubstr("PIN2: not verified, 3 tries left (PUK: 10 tries left)\n"));
+    EXPECT_THAT(output.text, HasSubstr("shared caller id: network, next call not known\n"));
     EXPECT_THAT(output.text, testing::EndsWith("result = false\n")) << "what follows exit is not read";
     const std::string note = "note: where PHONE_ENG_IsTapiDeviceActive found the link down, it answers false";
     EXPECT_THAT(output.text, HasSubstr(note));
