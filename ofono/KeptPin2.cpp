@@ -56,8 +56,12 @@ void setTimer(int timer, long second)
 
 KeptPin2 &KeptPin2::instance()
 {
-    static KeptPin2 kept;
-    return kept;
+    // Never destroyed: an application may use the engine until the process is gone, also in other threads.
+    static auto *const kept = new KeptPin2;
+    static const struct AtExit {
+        ~AtExit() { kept->keepNoMore(); }
+    } atExit;
+    return *kept;
 }
 
 KeptPin2::KeptPin2()
@@ -66,27 +70,27 @@ KeptPin2::KeptPin2()
     pthread_atfork(nullptr, nullptr, [] { instance().leaveToParent(); });
 }
 
-KeptPin2::~KeptPin2()
+/** At exit, or when the library is unloaded; no thread may stay behind then. */
+void KeptPin2::keepNoMore()
 {
+    m_ended = true;
+    erase(); // in whose hands it may be: exit must not wait for the daemon
     if (m_watcher.joinable()) {
-        m_stopped = true;
         setTimer(m_timer, 1); // long ago, so at once
         m_watcher.join();
         close(m_timer);
     }
-    erase();
-    if (m_page)
-        munmap(m_page, pageSize());
-    m_page = nullptr; // whoever asks later still, on the way out, finds nothing kept
 }
 
 void KeptPin2::keep(std::string_view pin2)
 {
     const std::scoped_lock lock(m_mutex);
     erase();
-    if (!m_page || pin2.size() >= pageSize() || !startWatch())
+    if (m_ended || !m_page || pin2.size() >= pageSize() || !startWatch())
         return;
     std::memcpy(m_page, pin2.data(), pin2.size());
+    if (m_ended) // just now
+        erase();
     m_end = now() + keptFor;
     setTimer(m_timer, m_end);
 }
@@ -127,7 +131,7 @@ bool KeptPin2::startWatch()
 void KeptPin2::watch()
 {
     std::uint64_t expirations = 0;
-    while (read(m_timer, &expirations, sizeof expirations) == sizeof expirations && !m_stopped) {
+    while (read(m_timer, &expirations, sizeof expirations) == sizeof expirations && !m_ended) {
         // Whoever holds the lock now uses the PIN2, wipes it or keeps another one.
         if (const std::unique_lock lock(m_mutex, std::try_to_lock); lock)
             isFresh();

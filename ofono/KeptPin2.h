@@ -12,7 +12,7 @@ namespace Ofono {
  * The requests that change the meter carry no PIN2, the daemon wants one with each. So the PIN2 that was verified last
  * is kept for the next of them, a minute at most: in a page of its own that is never swapped out, never in a core file
  * and empty in a forked child. It is wiped after its use, by a thread when the minute is over, after any failure, and
- * at exit.
+ * at exit; from then on none is kept.
  */
 class KeptPin2 {
 public:
@@ -41,8 +41,8 @@ private:
     };
 
     KeptPin2();
-    ~KeptPin2();
 
+    void keepNoMore();
     bool startWatch();
     void watch();
     void leaveToParent() noexcept;
@@ -54,7 +54,7 @@ private:
     long m_end = 0;     ///< second since the phone was switched on, its sleep included
     int m_timer = -1;
     std::thread m_watcher;
-    std::atomic<bool> m_stopped = false;
+    std::atomic<bool> m_ended = false;
 };
 
 } // namespace Ofono
