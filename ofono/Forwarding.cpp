@@ -76,10 +76,14 @@ std::string erasure(const Condition &condition, const ServiceClass &serviceClass
     return std::string("##") + condition.code + "**" + serviceClass.code + '#';
 }
 
-/** The number of the first forwarding of that class under that condition; nothing when there is none. */
-std::optional<std::string_view> activeNumber(const Properties &rules, const ServiceClass &serviceClass,
-                                             const Condition &condition)
+/**
+ * The number of the first forwarding of that class that is on under that condition, empty when none is. Nothing when the
+ * answer does not tell: the daemon names each forwarding, those that are off too.
+ */
+std::optional<std::string_view> numberIn(const Properties &rules, const ServiceClass &serviceClass,
+                                         const Condition &condition)
 {
+    bool allTold = true;
     for (const char *const conditionName : condition.names) {
         for (const char *const className : serviceClass.names) {
             if (!conditionName || !className)
@@ -87,9 +91,10 @@ std::optional<std::string_view> activeNumber(const Properties &rules, const Serv
             const auto number = rules.text((std::string(className) + conditionName).c_str());
             if (number && !number->empty())
                 return number;
+            allTold = allTold && number;
         }
     }
-    return std::nullopt;
+    return allTold ? std::optional(std::string_view()) : std::nullopt;
 }
 
 } // namespace
@@ -104,17 +109,19 @@ _TAPI_RESULT_E TAPI_CS_GetDivertStatus(unsigned char serviceClass, _TAPI_CS_DIVE
     if (result != TAPI_RESULT_SUCC)
         return result;
     const Properties rules = answer.forwardingRules();
-    *status = {};
+    _TAPI_CS_DIVERT_STATUS_S found = {};
     for (const ServiceClass &oneClass : serviceClasses) {
-        if ((serviceClass & oneClass.bit) == 0)
+        if ((serviceClass & oneClass.bit) == 0 || found.status == enabled)
             continue;
-        const auto number = activeNumber(rules, oneClass, conditions[when]);
+        const auto number = numberIn(rules, oneClass, conditions[when]);
         if (!number)
+            return TAPI_RESULT_FAIL;
+        if (number->empty())
             continue;
-        status->status = enabled;
-        fillLatin1(status->number, *number);
-        break;
+        found.status = enabled;
+        fillLatin1(found.number, *number);
     }
+    *status = found;
     return TAPI_RESULT_SUCC;
 }
 

@@ -183,9 +183,12 @@ _TAPI_RESULT_E TAPI_SECURITY_GetPin1Status(unsigned char, unsigned char *status)
 {
     Properties card;
     const _TAPI_RESULT_E result = Card::read(card);
-    if (result == TAPI_RESULT_SUCC)
-        *status = card.has("LockedPins", "pin") ? 1 : 0;
-    return result;
+    if (result != TAPI_RESULT_SUCC)
+        return result;
+    if (!card.texts("LockedPins"))
+        return TAPI_RESULT_SIM_UNAVAILABLE; // not known yet
+    *status = card.has("LockedPins", "pin") ? 1 : 0;
+    return TAPI_RESULT_SUCC;
 }
 
 /** A PIN2 counts as verified while this program keeps it. */

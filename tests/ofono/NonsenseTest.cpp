@@ -338,6 +338,21 @@ protected:
 
 using PlentyOnOfono = NonsenseOnOfono;
 
+/** A daemon with one modem; @p fill writes the answers to everything else that it is asked. */
+FakeDaemon::Answerer withOneModem(std::function<void(std::string_view method, sd_bus_message *answer)> fill)
+{
+    return [fill = std::move(fill)](sd_bus_message *call) {
+        sd_bus_message *answer = nullptr;
+        sd_bus_message_new_method_return(call, &answer);
+        const std::string_view method = sd_bus_message_get_member(call);
+        if (method == "GetModems")
+            sd_bus_message_append(answer, "a(oa{sv})", 1, "/phone", 1, "Powered", "b", 1);
+        else
+            fill(method, answer);
+        return answer;
+    };
+}
+
 } // namespace
 
 TEST_F(NonsenseOnOfono, DoesNoHarm)
@@ -354,15 +369,9 @@ TEST_F(NonsenseOnOfono, DoesNoHarm)
     }
     EXPECT_GT(rounds, 3U);
     // And the next daemon in its place is asked as if nothing had been.
-    const FakeDaemon daemon([](sd_bus_message *call) {
-        sd_bus_message *message = nullptr;
-        sd_bus_message_new_method_return(call, &message);
-        if (std::string_view(sd_bus_message_get_member(call)) == "GetModems")
-            sd_bus_message_append(message, "a(oa{sv})", 1, "/phone", 1, "Powered", "b", 1);
-        else
-            sd_bus_message_append(message, "a{sv}", 2, "Present", "b", 1, "HideCallerId", "s", "enabled");
-        return message;
-    });
+    const FakeDaemon daemon(withOneModem([](std::string_view, sd_bus_message *answer) {
+        sd_bus_message_append(answer, "a{sv}", 2, "Present", "b", 1, "HideCallerId", "s", "enabled");
+    }));
     _TAPI_CALL_RESTRICT_ID_E id = TAPI_CALL_RESTRICT_ID_NETWORK;
     setup().getCLIR(id); // may still believe in a modem that was none
     EXPECT_EQ(setup().getCLIR(id), TAPI_RESULT_SUCC);
@@ -374,28 +383,22 @@ TEST_F(PlentyOnOfono, AddsTheTimeOfEachCallOnce)
 {
     const std::time_t anHourAgo = std::time(nullptr) - 3600;
     std::atomic<bool> lasting = true;
-    const FakeDaemon daemon([&](sd_bus_message *call) {
-        sd_bus_message *message = nullptr;
-        sd_bus_message_new_method_return(call, &message);
-        const std::string_view method = sd_bus_message_get_member(call);
-        if (method == "GetModems") {
-            sd_bus_message_append(message, "a(oa{sv})", 1, "/phone", 1, "Powered", "b", 1);
-        } else if (method == "GetCalls") {
-            sd_bus_message_open_container(message, 'a', "(oa{sv})");
+    const FakeDaemon daemon(withOneModem([&](std::string_view method, sd_bus_message *answer) {
+        if (method == "GetCalls") {
+            sd_bus_message_open_container(answer, 'a', "(oa{sv})");
             for (int id = 1; lasting && id <= 7; ++id) {
                 std::array<char, 32> start = {};
                 const std::time_t begun = anHourAgo - id * 3600;
                 std::strftime(start.data(), start.size(), "%Y-%m-%dT%H:%M:%S+0000", std::gmtime(&begun));
-                sd_bus_message_append(message, "(oa{sv})", ("/phone/voicecall0" + std::to_string(id)).c_str(),
+                sd_bus_message_append(answer, "(oa{sv})", ("/phone/voicecall0" + std::to_string(id)).c_str(),
                                       2, "State", "s", id == 1 ? "active" : "held", "StartTime", "s",
                                       start.data());
             }
-            sd_bus_message_close_container(message);
+            sd_bus_message_close_container(answer);
         } else {
-            sd_bus_message_append(message, "a{sv}", 1, "Present", "b", 1);
+            sd_bus_message_append(answer, "a{sv}", 1, "Present", "b", 1);
         }
-        return message;
-    });
+    }));
     PHONE_ENG_TAPI_initiation();
     const QString before = setup().getTotalCallTime();
     EXPECT_GE(before.section(QLatin1Char(':'), 0, 0).toInt(), 2 + 3 + 4 + 5 + 6 + 7 + 8);
@@ -475,27 +478,21 @@ TEST_F(PlentyOnOfono, NamesThePolicyThatKeepsItOutOnce)
 TEST_F(PlentyOnOfono, FillsOnlyWhatHasRoom)
 {
     unsigned int operators = 3;
-    const FakeDaemon daemon([&](sd_bus_message *call) {
-        sd_bus_message *message = nullptr;
-        sd_bus_message_new_method_return(call, &message);
-        const std::string_view method = sd_bus_message_get_member(call);
-        if (method == "GetModems") {
-            sd_bus_message_append(message, "a(oa{sv})", 1, "/phone", 1, "Powered", "b", 1);
-        } else if (method == "GetOperators" || method == "GetCalls") {
-            sd_bus_message_open_container(message, 'a', "(oa{sv})");
+    const FakeDaemon daemon(withOneModem([&](std::string_view method, sd_bus_message *answer) {
+        if (method == "GetOperators" || method == "GetCalls") {
+            sd_bus_message_open_container(answer, 'a', "(oa{sv})");
             for (unsigned int entry = 0; entry < operators; ++entry) {
                 const std::string path = "/phone/voicecall" + std::to_string(1 + entry % 254);
-                sd_bus_message_append(message, "(oa{sv})", path.c_str(), 5, "Name", "s",
+                sd_bus_message_append(answer, "(oa{sv})", path.c_str(), 5, "Name", "s",
                                       std::string(300, 'N').c_str(), "MobileCountryCode", "s", "262",
                                       "MobileNetworkCode", "s", "01", "State", "s", "active",
                                       "LineIdentification", "s", std::string(300, '5').c_str());
             }
-            sd_bus_message_close_container(message);
+            sd_bus_message_close_container(answer);
         } else {
-            sd_bus_message_append(message, "a{sv}", 2, "Present", "b", 1, "Online", "b", 1);
+            sd_bus_message_append(answer, "a{sv}", 2, "Present", "b", 1, "Online", "b", 1);
         }
-        return message;
-    });
+    }));
     ASSERT_EQ(network().getKwnownNetworksCnt(), 3);
     std::vector<_TAPI_NETWORK_PLMN_INFO_S> networks(4);
     std::memset(networks.data(), 0x5A, networks.size() * sizeof networks.front());
@@ -513,4 +510,25 @@ TEST_F(PlentyOnOfono, FillsOnlyWhatHasRoom)
     networks.assign(250, networks.front());
     EXPECT_TRUE(network().getKnownNetworks(networks.data())); // fewer than there is room for
     EXPECT_EQ(networks[249].networkId[0], 0);
+}
+
+/** An answer that does not tell of a forwarding is no answer, whatever else it tells. */
+TEST_F(PlentyOnOfono, TakesNoSilenceForAForwardingThatIsOff)
+{
+    const char *named = "VoiceBusy";
+    const FakeDaemon daemon(withOneModem([&](std::string_view method, sd_bus_message *answer) {
+        if (method == "Initiate")
+            sd_bus_message_append(answer, "sv", "CallForwarding", "(ssa{sv})", "interrogation", "Busy", 1,
+                                  named, "s", "");
+        else
+            sd_bus_message_append(answer, "a{sv}", 1, "Present", "b", 1);
+    }));
+    const auto read = [this] {
+        bool active = true;
+        QString number;
+        return setup().getVoiceCallsDivert(active, number, TAPI_CS_DIVERT_BUSY);
+    };
+    EXPECT_EQ(read(), TAPI_RESULT_SUCC);
+    named = "FaxBusy";
+    EXPECT_EQ(read(), TAPI_RESULT_FAIL);
 }
