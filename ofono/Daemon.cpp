@@ -339,7 +339,7 @@ std::string Daemon::modem()
 
 void Daemon::forgetModem()
 {
-    const std::scoped_lock lock(m_mutex);
+    const std::scoped_lock lock(m_modemMutex);
     m_modem.clear();
 }
 
@@ -376,7 +376,7 @@ void Daemon::lose()
 {
     m_bus.close();
     m_state = Link::Lost;
-    m_modem.clear();
+    forgetModem();
     park();
 }
 
@@ -394,7 +394,8 @@ void Daemon::park() const noexcept
 void Daemon::leaveToParent() noexcept
 {
     new (&m_mutex) std::timed_mutex; // another thread of the parent may hold it
-    new (&m_modem) std::string;      // or have been writing here
+    new (&m_modemMutex) std::mutex;
+    new (&m_modem) std::string; // or have been writing here
     m_bus.abandon();
     m_state = Link::NeverOpened;
     park();
@@ -495,7 +496,7 @@ Daemon::Outcome Daemon::failure(int error, const char *name, const char *message
         outcome.nothingThere = false;
     }
     if (outcome.result == TAPI_RESULT_SERVICE_DOWN)
-        m_modem.clear();
+        forgetModem();
     if (outcome.result == TAPI_RESULT_ACCESS_DENIED && !m_refusalReported) {
         m_refusalReported = true;
         std::fprintf(stderr, "telephony: the bus policy for %s (%s) keeps this program out: %s\n", service,
@@ -507,9 +508,7 @@ Daemon::Outcome Daemon::failure(int error, const char *name, const char *message
 _TAPI_RESULT_E Daemon::chooseModem(std::string &path, Time end)
 {
     {
-        const std::unique_lock lock(m_mutex, end);
-        if (!lock)
-            return TAPI_RESULT_BUSY;
+        const std::scoped_lock lock(m_modemMutex);
         path = m_modem;
     }
     if (!path.empty())
@@ -544,7 +543,7 @@ _TAPI_RESULT_E Daemon::chooseModem(std::string &path, Time end)
     });
     if (!withCard.empty()) {
         path = withCard;
-        const std::scoped_lock lock(m_mutex);
+        const std::scoped_lock lock(m_modemMutex);
         m_modem = withCard;
     }
     return path.empty() ? TAPI_RESULT_MODEM_OFFLINE : TAPI_RESULT_SUCC;

@@ -151,11 +151,12 @@ private:
     _TAPI_RESULT_E whyNothingIsThere(const std::string &modem, const Request &request, Time end);
     _TAPI_RESULT_E perform(const Request &request, bool waits, Message &answer);
 
-    std::timed_mutex m_mutex; ///< guards all that follows but the descriptor
+    std::timed_mutex m_mutex; ///< held while a request is under way; guards the next three
     Handset::BusConnection m_bus;
     Link m_state = Link::NeverOpened;
-    std::string m_modem; ///< the modem that was chosen; empty when it is to be chosen
     bool m_refusalReported = false;
+    std::mutex m_modemMutex; ///< held for moments only, so that nobody's deadline counts
+    std::string m_modem;     ///< the modem that was chosen; empty when it is to be chosen
     std::atomic<int> m_linkDescriptor = -1;
 };
 
