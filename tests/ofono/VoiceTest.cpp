@@ -84,6 +84,13 @@ TEST_F(VoiceOnOfono, DialsAndHoldsAndRetrieves)
     EXPECT_EQ(dial("0555"), 1);
     EXPECT_EQ(PHONE_ENG_TAPI_CALL_VOICECALL_CancelReq(1), done);
     EXPECT_TRUE(become(""));
+    std::string cardsNumber = "0557";
+    unsigned char callId = 0;
+    EXPECT_EQ(PHONE_ENG_TAPI_CALL_VOICECALL_STK_MakeReq(reinterpret_cast<unsigned char *>(cardsNumber.data()),
+                                                        {}, {}, 0, &callId),
+              done);
+    EXPECT_EQ(callId, 1);
+    EXPECT_TRUE(become("1:1"));
 }
 
 TEST_F(VoiceOnOfono, SwapsTwoCallsOnlyAsAsked)
