@@ -18,7 +18,9 @@ if [[ -t 0 && -t 1 ]] && command -v tmux >/dev/null; then
     "${screen[@]}" set-option -g status-right ""
     "${screen[@]}" split-window -h "${prompt[*]@Q}; $end"
     "${screen[@]}" select-pane -L
+    "${screen[@]}" display-message -p '#{pid}' >"$KVQ_DESK/screen.pid"
     "${screen[@]}" attach-session
+    rm -f "$KVQ_DESK/screen.pid"
     exit
 fi
 echo "The modem's prompt, in a second terminal:"

@@ -181,7 +181,7 @@ run() {
 
 clear_away() {
     local name
-    for name in command daemon modem bus; do
+    for name in screen command daemon modem bus; do
         end $name
     done
     rm -rf "$KVQ_DESK"
@@ -193,7 +193,7 @@ watch_over_this_script() {
     (
         trap '' INT TERM HUP
         tail --pid=$$ -f /dev/null
-        for name in command daemon modem bus; do
+        for name in screen command daemon modem bus; do
             pid=$(cat "$KVQ_DESK/$name.pid") && kill -KILL "$pid"
         done
         rm -rf "$KVQ_DESK"
