@@ -47,6 +47,7 @@ phone PHONE_ENG_TAPI_CALL_GetCallStatus
 say "2. Forwarding, kept by the network: the timer is rounded there, and a call goes where it was told to."
 phone divertVoiceCallsWithTime on 5559999 12
 phone getVoiceCallsDivert no-reply
+modem AT+CCFC=2,2
 phone divertVoiceCalls on unconditional 5550000
 modem .ring 5551234
 phone cancelAllVoiceCallsDiverts
@@ -62,6 +63,7 @@ say "4. Networks: one vanishes, the phone finds another."
 phone findNewNetwork
 phone getKnownNetworks
 modem .network vanishes 00101
+phone findNewNetwork
 settle
 phone getKnownNetworks
 modem .network returns 00101
