@@ -56,8 +56,8 @@ bool Setting::cancel()
     bool cancelled = m_reading && m_reading->cancel();
     // The last one first: each one cancelled uncovers the one before it.
     std::vector<QPointer<Ticket>> tickets;
-    for (const auto &[number, write] : m_writes)
-        tickets.insert(tickets.begin(), write.ticket);
+    for (auto write = m_writes.rbegin(); write != m_writes.rend(); ++write)
+        tickets.push_back(write->second.ticket);
     for (const QPointer<Ticket> &ticket : tickets)
         cancelled = (ticket && ticket->cancel()) || cancelled;
     return cancelled;
