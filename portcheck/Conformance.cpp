@@ -41,7 +41,7 @@ void takeLog()
 /** The last code that network selection logged; a failure when it logged none. */
 _TAPI_RESULT_E loggedCode()
 {
-    static const QRegularExpression failure(QStringLiteral("ret = (-?\\d+)!"));
+    static const QRegularExpression failure(QStringLiteral("(?:[Rr]et|Return value) = (-?\\d+)"));
     auto code = TAPI_RESULT_FAIL;
     if (!logStream || std::fflush(logStream) != 0)
         return code;
@@ -157,8 +157,11 @@ void answered(_TAPI_RESULT_E result)
 
 void answered(bool success)
 {
-    if (!success)
-        answered(loggedCode());
+    if (success)
+        return;
+    const _TAPI_RESULT_E code = loggedCode();
+    expect(code != TAPI_RESULT_SUCC, "answers false");
+    answered(code);
 }
 
 void leave(const std::string &reason)
