@@ -5,7 +5,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/packages.sh
 
-need_packages "${build_packages[@]}" "${test_packages[@]}" "${qml_packages[@]}"
+need_packages "${build_packages[@]}" "${test_packages[@]}" "${qml_packages[@]}" "${deb_packages[@]}"
 
 echo "== Format"
 git ls-files '*.cpp' '*.h' | xargs clang-format-14 --dry-run --Werror
