@@ -2,6 +2,7 @@
 #include "Desk.h"
 
 #include <csignal>
+#include <cstdlib>
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -33,6 +34,17 @@ protected:
         return unit + currency;
     }
 };
+
+/** Goes after all that the library has made, and sees what that leaves behind. */
+struct LastUse {
+    bool wanted = false;
+
+    ~LastUse()
+    {
+        if (wanted)
+            _exit(PHONE_ENG_Setup::instance()->resetCallMeter() == TAPI_RESULT_PIN2_NEEDED ? 0 : 1);
+    }
+} lastUse;
 
 } // namespace
 
@@ -96,13 +108,19 @@ TEST_F(PinsOnOfono, KeepsAVerifiedPin2ForTheNextChange)
     EXPECT_EQ(setup().changeSimPin2(text("5678"), text("8765")), done);
     EXPECT_EQ(setup().verifyPin2Code(text("5678")), rejected);
     verify("8765");
-    // The memory of a child holds no PIN2.
-    const pid_t child = fork();
-    if (child == 0)
-        _exit(setup().resetCallMeter() == TAPI_RESULT_PIN2_NEEDED ? 0 : 1);
-    int status = -1;
-    EXPECT_EQ(waitpid(child, &status, 0), child);
-    EXPECT_EQ(status, 0);
+    // The memory of a child holds no PIN2, and none outlives the library's exit.
+    for (const bool leaves : {false, true}) {
+        const pid_t child = fork();
+        if (child == 0 && !leaves)
+            _exit(setup().resetCallMeter() == TAPI_RESULT_PIN2_NEEDED ? 0 : 1);
+        if (child == 0) {
+            lastUse.wanted = setup().verifyPin2Code(text("8765")) == done;
+            std::exit(1);
+        }
+        int status = -1;
+        EXPECT_EQ(waitpid(child, &status, 0), child);
+        EXPECT_EQ(status, 0) << leaves;
+    }
     EXPECT_EQ(setup().resetCallMeter(), done);
 }
 
