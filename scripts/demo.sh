@@ -34,7 +34,7 @@ else
     # A line a tenth of the work, and whatever the compiler says.
     NINJA_STATUS='%f %t ' cmake --build --preset demo |
         awk '!/^[0-9]+ [0-9]+ / { if (!/^ninja: no work/) print; next }
-             $1 * 10 >= $2 * step { printf "   %d of %d\n", $1, $2; fflush(); step = int($1 * 10 / $2) + 1 }'
+             $1 > 0 && $1 * 10 >= $2 * step { printf "   %d of %d\n", $1, $2; fflush(); step = int($1 * 10 / $2) + 1 }'
 fi
 
 desk=(scripts/desk.sh run --online --modem build/demo/modem/kvq-modem)
