@@ -35,8 +35,19 @@ PhonePage {
         return result === CallSetup.Pin2Needed ? qsTr("Enter PIN2") : qsTr("Try again");
     }
 
+    /** The meter did not answer. What tells no failure is then read again with what does. */
+    property bool meterFailed: false
+
     Connections {
         target: costs.maximum
+
+        function onStateChanged() {
+            if (costs.maximum.known && page.meterFailed) {
+                for (const setting of [costs.credit, costs.totalCost, costs.remainingTime, costs.totalTime])
+                    setting.refresh();
+            }
+            page.meterFailed = !costs.maximum.known && (page.meterFailed || costs.maximum.state === CallSetup.Failed);
+        }
 
         function onTakenBack() {
             if (costs.maximum.result === CallSetup.Pin2Needed)
@@ -90,12 +101,14 @@ PhonePage {
         SettingValue {
             setting: costs.credit
             label: qsTr("Credit left")
+            words: amount => page.amount(amount)
         }
 
         SettingValue {
             objectName: "spent"
             setting: costs.totalCost
             label: qsTr("Spent so far")
+            words: amount => page.amount(amount)
         }
 
         RequestRow {
@@ -185,6 +198,11 @@ PhonePage {
             }
             onWanted: request = costs.resetTime()
         }
+    }
+
+    /** An amount is zero, too, when the meter does not answer; then its maximum is not known either. */
+    function amount(amount: string): string {
+        return Number(amount) === 0 && !costs.maximum.known ? qsTr("Not known") : amount;
     }
 
     /** "1:5:3" as "1:05:03". The phone gives no time that it does not know. */

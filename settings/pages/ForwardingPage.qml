@@ -61,7 +61,9 @@ PhonePage {
             dangerous: true
             question: ConfirmSheet {
                 title: qsTr("Turn off forwarding?")
-                text: qsTr("The numbers are not kept.")
+                text: forwarding.serviceClass === CallForwarding.Voice
+                    ? qsTr("The numbers are not kept.")
+                    : qsTr("That of voice calls, data and fax. The numbers are not kept.")
                 action: qsTr("Turn off")
             }
             onWanted: request = forwarding.cancelAll()

@@ -614,6 +614,10 @@
         <source>20 s</source>
         <translation>20 s</translation>
     </message>
+    <message>
+        <source>That of voice calls, data and fax. The numbers are not kept.</source>
+        <translation>Die von Sprachanrufen, Daten und Fax. Die Nummern gehen verloren.</translation>
+    </message>
 </context>
 <context>
     <name>ForwardingRow</name>

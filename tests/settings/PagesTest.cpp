@@ -155,6 +155,18 @@ TEST_F(PagesTest, ASwitchGoesBackWhenTheDiskIsFull)
     EXPECT_TRUE(failures().isEmpty());
 }
 
+TEST_F(PagesTest, AmountsOfAMeterThatDoesNotAnswerAreNotZero)
+{
+    phone().setAnswer("TAPI_CS_*", {.result = refused, .out = {}});
+    open(QStringLiteral("costs"));
+    ASSERT_TRUE(settle());
+    const QQuickItem *const spent = find(QStringLiteral("spent"));
+    EXPECT_EQ(spent->property("value").toString(), QStringLiteral("Not known"));
+    phone().clearAnswer("TAPI_CS_*");
+    ASSERT_TRUE(QMetaObject::invokeMethod(page(), "readAgain", Q_ARG(bool, true)));
+    EXPECT_TRUE(waitFor([&] { return spent->property("value").toString() == QLatin1String("3.20"); }));
+}
+
 TEST_F(PagesTest, ALimitIsRemoved)
 {
     open(QStringLiteral("costs"), {.calm = true});
