@@ -18,6 +18,7 @@ Column {
 
     PinRow {
         objectName: "enter-" + actions.shortName
+        which: actions.which
         lined: true
         label: actions.labels[0]
         done: qsTr("The SIM took it.")
@@ -29,6 +30,7 @@ Column {
 
     PinRow {
         objectName: "change-" + actions.shortName
+        which: actions.which
         label: actions.labels[1]
         done: qsTr("Changed.")
         sheet: actions.sheet
@@ -39,6 +41,7 @@ Column {
 
     PinRow {
         objectName: "unblock-" + actions.shortName
+        which: actions.which
         label: actions.labels[2]
         done: qsTr("Unblocked. The new one holds.")
         sheet: actions.sheet

@@ -4,6 +4,8 @@ import Kvq.CallSetup
 
 QtObject {
     property string heading
+    /** Of SimPins.Pin. */
+    property int which: SimPins.Pin1
     /** Why it is asked, where that needs words. */
     property string reason
     /** What is asked for, one to three labels; the third repeats the second. */

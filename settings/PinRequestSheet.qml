@@ -51,12 +51,12 @@ PinSheet {
 
         function onFinished() {
             const request = sheet.question.request;
+            Tries.note(sheet.question.which, sheet.question.puk, request);
             if (request.result === CallSetup.Success) {
                 sheet.question.taken();
                 sheet.close();
             } else {
-                sheet.refuse(sheet.question.puk ? Words.pukSentence(request.result, request.error)
-                                                : Words.sentence(request.result, request.error));
+                sheet.refuse(Words.pinSentence(sheet.question.which, sheet.question.puk, request.result, request.error));
             }
         }
     }

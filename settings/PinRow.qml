@@ -11,21 +11,23 @@ ActionRow {
     required property string done
     property alias prompts: question.prompts
     property alias verb: question.verb
+    property alias which: question.which
     property alias puk: question.puk
     property alias request: question.request
+    readonly property bool asking: sheet.question === question
 
     /** Typed: make the request. */
     signal entered(string first, string second)
     signal succeeded()
 
-    readonly property bool asking: sheet.question === question
-
     busy: !asking && request !== null && request.busy
     failure: {
-        if (asking || request === null || request.state !== CallSetup.Failed)
+        // What an earlier one came to may hold no longer.
+        if (asking || request === null || request !== Tries.counted || Words.of(request) === "")
             return "";
-        return puk ? Words.pukSentence(request.result, request.error) : Words.of(request);
+        return Words.pinSentence(which, puk, request.result, request.error);
     }
+    failureAction: request !== null && request.result === CallSetup.PinBlocked ? "" : qsTr("Try again")
     onRetry: pressed()
     onPressed: {
         description = "";
@@ -43,6 +45,7 @@ ActionRow {
         target: row.request
 
         function onFinished() {
+            Tries.note(row.which, row.puk, row.request);
             if (row.request.result === CallSetup.Success) {
                 row.description = row.done;
                 row.succeeded();

@@ -57,11 +57,21 @@ QtObject {
         }
     }
 
-    /** The same for a request that carries a PUK. */
-    function pukSentence(result: int, error: string): string {
+    /** The same for a request that carries a PIN, or its PUK. */
+    function pinSentence(which: int, puk: bool, result: int, error: string): string {
+        const left = Tries.left(which, puk);
+        if (!puk) {
+            if (result === CallSetup.PinRejected && left === 2)
+                return qsTr("The SIM refused the PIN. At most two tries are left. Enter it with care.");
+            if (result === CallSetup.PinRejected && left === 1)
+                return qsTr("The SIM refused the PIN. At most one try is left, then it is locked. Enter it with care.");
+            return sentence(result, error);
+        }
         switch (result) {
         case CallSetup.PinRejected:
-            return qsTr("The SIM refused the PUK. It came with the SIM; after ten wrong ones the SIM is of no more use.");
+            return left > 0
+                ? qsTr("The SIM refused the PUK, which came with it. At most %1 of 10 tries are left, then it can no longer be unblocked.").arg(left)
+                : qsTr("The SIM refused the PUK, which came with it. Ask your provider for another SIM.");
         case CallSetup.PinBlocked:
             return qsTr("The SIM takes no more PUK. Ask your provider for another SIM.");
         default:

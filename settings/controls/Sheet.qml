@@ -141,13 +141,14 @@ T.Popup {
 
                         symbol: "alert"
                         color: Theme.danger
-                        side: 20
+                        side: 18
                     }
 
                     Text {
                         width: parent.width - sign.width - parent.spacing
                         text: sheet.failure
-                        font.pixelSize: Theme.body
+                        font.pixelSize: Theme.small
+                        lineHeight: 1.15
                         color: Theme.danger
                         wrapMode: Text.Wrap
                         Accessible.ignored: true

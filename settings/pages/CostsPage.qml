@@ -78,6 +78,7 @@ PhonePage {
 
         property Setting setting: null
 
+        which: SimPins.Pin2
         heading: qsTr("Enter PIN2")
         reason: qsTr("The SIM wants it before each change of its meter.")
         prompts: [qsTr("PIN2")]

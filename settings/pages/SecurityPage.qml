@@ -129,6 +129,7 @@ PhonePage {
 
         property bool on: false
 
+        which: SimPins.Pin2
         heading: qsTr("Fixed dialling")
         prompts: [qsTr("PIN2")]
         verb: on ? qsTr("Turn on") : qsTr("Turn off")

@@ -980,6 +980,13 @@
     </message>
 </context>
 <context>
+    <name>PinRow</name>
+    <message>
+        <source>Try again</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+</context>
+<context>
     <name>PinSheet</name>
     <message>
         <source>OK</source>
@@ -1603,10 +1610,6 @@
         <translation>%1 Versuchen Sie es später noch einmal.</translation>
     </message>
     <message>
-        <source>The SIM refused the PUK. It came with the SIM; after ten wrong ones the SIM is of no more use.</source>
-        <translation>Die SIM hat die PUK abgelehnt. Sie liegt der SIM bei; nach zehn falschen ist die SIM unbrauchbar.</translation>
-    </message>
-    <message>
         <source>The SIM takes no more PUK. Ask your provider for another SIM.</source>
         <translation>Die SIM nimmt keine PUK mehr an. Bitten Sie Ihren Anbieter um eine andere SIM.</translation>
     </message>
@@ -1617,6 +1620,22 @@
     <message>
         <source>The SIM wants the PIN2 before each such change. Enter it, and the change is made.</source>
         <translation>Die SIM verlangt vor jeder solchen Änderung die PIN2. Geben Sie sie ein, dann wird geändert.</translation>
+    </message>
+    <message>
+        <source>The SIM refused the PIN. At most two tries are left. Enter it with care.</source>
+        <translation>Die SIM hat die PIN abgelehnt. Höchstens zwei Versuche bleiben. Geben Sie sie mit Bedacht ein.</translation>
+    </message>
+    <message>
+        <source>The SIM refused the PIN. At most one try is left, then it is locked. Enter it with care.</source>
+        <translation>Die SIM hat die PIN abgelehnt. Höchstens ein Versuch bleibt, dann ist sie gesperrt. Geben Sie sie mit Bedacht ein.</translation>
+    </message>
+    <message>
+        <source>The SIM refused the PUK, which came with it. At most %1 of 10 tries are left, then it can no longer be unblocked.</source>
+        <translation>Die SIM hat die PUK abgelehnt, die ihr beilag. Höchstens %1 von 10 Versuchen bleiben, dann bleibt sie gesperrt.</translation>
+    </message>
+    <message>
+        <source>The SIM refused the PUK, which came with it. Ask your provider for another SIM.</source>
+        <translation>Die SIM hat die PUK abgelehnt, die ihr beilag. Fragen Sie Ihren Anbieter nach einer neuen SIM.</translation>
     </message>
 </context>
 </TS>

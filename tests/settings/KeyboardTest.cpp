@@ -215,7 +215,7 @@ TEST_F(KeyboardTest, AWrongPinIsToldInWordsAndForgotten)
         visit(window().contentItem(), [&](QQuickItem &item) { texts << item.property("text").toString(); });
         return texts.join(QLatin1Char(' ')).contains(QLatin1String(words));
     };
-    EXPECT_TRUE(waitFor([&] { return says("The SIM refused the PIN."); }));
+    EXPECT_TRUE(waitFor([&] { return says("The SIM refused the PIN. At most two tries are left."); }));
     EXPECT_EQ(field->property("text").toString(), QString());
     EXPECT_EQ(focused(), field);
 
@@ -235,9 +235,18 @@ TEST_F(KeyboardTest, AWrongPinIsToldInWordsAndForgotten)
     press(Qt::Key_Return);
     press(Qt::Key_Escape);
     EXPECT_TRUE(waitFor([&] {
-        return enter->property("failure").toString().startsWith(QLatin1String("The SIM refused the PIN."));
+        return enter->property("failure").toString().contains(QLatin1String("At most two tries are left."));
     }));
     phone().setDelay("TAPI_SECURITY_*", {});
+    ASSERT_TRUE(QMetaObject::invokeMethod(find(QStringLiteral("change-pin")), "click"));
+    for (const char *const words : {"9999", "1111", "1111"}) {
+        ASSERT_TRUE(waitFor([&] { return focused() && focused()->inherits("QQuickTextInput"); }));
+        type(QString::fromLatin1(words));
+        press(Qt::Key_Return);
+    }
+    EXPECT_TRUE(waitFor([&] { return says("At most one try is left, then it is locked."); }));
+    press(Qt::Key_Escape);
+    ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("confirm")) == nullptr; }));
 
     ASSERT_TRUE(QMetaObject::invokeMethod(find(QStringLiteral("unblock-pin")), "click"));
     for (const char *const words : {"00000000", "1111", "1111"}) {
@@ -245,7 +254,7 @@ TEST_F(KeyboardTest, AWrongPinIsToldInWordsAndForgotten)
         type(QString::fromLatin1(words));
         press(Qt::Key_Return);
     }
-    EXPECT_TRUE(waitFor([&] { return says("The SIM refused the PUK."); }));
+    EXPECT_TRUE(waitFor([&] { return says("At most 9 of 10 tries are left"); }));
 }
 
 TEST_F(KeyboardTest, IsAskedForThePin2ThatAChangeWants)
