@@ -11,6 +11,7 @@
 #include <QTemporaryDir>
 
 #include <cstdio>
+#include <optional>
 
 namespace {
 
@@ -55,12 +56,13 @@ int runChecks(const QString &library, const QStringList &arguments)
     // The engine looks for a name, so the library gets that name in a folder that is searched first. Under the name
     // already, it is used where it stands, with what lies beside it.
     const QString name = QStringLiteral("libkvqplatform.so.1");
-    QTemporaryDir place;
+    std::optional<QTemporaryDir> place;
     QString folder = QFileInfo(library).absolutePath();
     if (QFileInfo(library).fileName() != name) {
-        folder = place.path();
-        if (!place.isValid() || !QFile::link(library, place.filePath(name)))
-            return mistake(QStringLiteral("cannot make a temporary folder: %1").arg(place.errorString()));
+        place.emplace();
+        folder = place->path();
+        if (!place->isValid() || !QFile::link(library, place->filePath(name)))
+            return mistake(QStringLiteral("cannot make a temporary folder: %1").arg(place->errorString()));
     }
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     const QString searched = environment.value(QStringLiteral("LD_LIBRARY_PATH"));
