@@ -31,6 +31,13 @@ Column {
             Accessible.role: Accessible.AlertMessage
             Accessible.name: title.text + " " + caller.text
 
+            Timer {
+                id: moved
+
+                interval: 500
+                running: call.visible
+            }
+
             Column {
                 id: layout
 
@@ -112,6 +119,12 @@ Column {
                     reason: Words.of(call.rejection)
                     action: ""
                 }
+            }
+
+            // The bar pushes the page down: a tap that was meant for the page must not answer.
+            MouseArea {
+                anchors.fill: parent
+                visible: moved.running
             }
         }
     }

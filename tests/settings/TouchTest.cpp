@@ -1,6 +1,7 @@
 // With a finger: a handle moves a network, a swipe scrolls, and neither is taken for the other.
 #include "SettingsTest.h"
 
+#include <QElapsedTimer>
 #include <QPointingDevice>
 
 namespace {
@@ -101,6 +102,31 @@ TEST_F(TouchTest, TappedDigitsReplaceTheNumberThatIsSelected)
     }
     EXPECT_EQ(field->property("text").toString(), QStringLiteral("56"));
     EXPECT_TRUE(field->hasActiveFocus());
+}
+
+TEST_F(TouchTest, ATapOnThePageDoesNotAnswerTheCallThatPushesItDown)
+{
+    open(QStringLiteral("about"), {.calm = true});
+    ASSERT_TRUE(settle());
+    ASSERT_NE(phone().ring("+491715550100"), 0);
+    ASSERT_TRUE(waitFor([&] {
+        const QQuickItem *const take = find(QStringLiteral("take"));
+        return take != nullptr && page()->mapToScene(QPointF()).y() > centreOf(*take).y();
+    }));
+    QElapsedTimer sincePushed;
+    sincePushed.start();
+    const auto tap = [this] {
+        const QPointF place = centreOf(*find(QStringLiteral("take")));
+        touch(place);
+        lift(place);
+    };
+    tap();
+    if (sincePushed.elapsed() < 300) { // else this machine was too slow to tap in time
+        ASSERT_EQ(window().property("shownPage").toString(), QStringLiteral("about"));
+        QTest::qWait(600);
+        tap();
+    }
+    EXPECT_TRUE(waitFor([&] { return window().property("shownPage").toString() == QLatin1String("calls"); }));
 }
 
 TEST_F(TouchTest, ASwipeScrolls)
