@@ -1,6 +1,9 @@
 // How a setting follows its requests.
 #include "Setting.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace Kvq {
 
 /** Tells all settings of the process what one of them wrote. */
@@ -56,8 +59,8 @@ bool Setting::cancel()
     bool cancelled = m_reading && m_reading->cancel();
     // The last one first: each one cancelled uncovers the one before it.
     std::vector<QPointer<Ticket>> tickets;
-    for (auto write = m_writes.rbegin(); write != m_writes.rend(); ++write)
-        tickets.push_back(write->second.ticket);
+    std::transform(m_writes.crbegin(), m_writes.crend(), std::back_inserter(tickets),
+                   [](const auto &write) { return write.second.ticket; });
     for (const QPointer<Ticket> &ticket : tickets)
         cancelled = (ticket && ticket->cancel()) || cancelled;
     return cancelled;
