@@ -47,10 +47,23 @@ _TAPI_RESULT_E unblockPin(SimPins::Pin which, const QString &puk, const QString 
     return TAPI_RESULT_INVALID_PARAM;
 }
 
+/** A failure reads as "not requested". So that is believed only while the SIM tells of its PIN2. */
+Answer isPinRequested(Engine &engine)
+{
+    if (engine.setup.simPinIsOpen())
+        return {TAPI_RESULT_SUCC, true};
+    _TAPI_SECURITY_PIN_STATUS_E status = TAPI_SECURITY_PIN_STATUS_NOT_USED;
+    const _TAPI_RESULT_E result = engine.setup.readPin2Status(status);
+    if (result == TAPI_RESULT_NOT_SUPPORTED)
+        return {TAPI_RESULT_SUCC, false};
+    return Operations::answerOf(result, false);
+}
+
 } // namespace
 
 SimPins::SimPins(QObject *parent)
     : Subject(parent)
+    , m_pinRequested(m_activity->custom<BoolSetting>(isPinRequested))
     , m_upinStatus(m_activity->custom<IntSetting>([](Engine &engine) {
         _TAPI_SECURITY_PIN_STATUS_E status = TAPI_SECURITY_PIN_STATUS_NOT_USED;
         const _TAPI_RESULT_E result = engine.setup.getUpinStatus(&status);

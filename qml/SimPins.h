@@ -35,7 +35,7 @@ public:
 private:
     Request *pinRequest(Job job);
 
-    BoolSetting *const m_pinRequested = m_activity->setting<BoolSetting>(&PHONE_ENG_Setup::simPinIsOpen);
+    BoolSetting *const m_pinRequested;
     IntSetting *const m_pin2Status = m_activity->setting<IntSetting>(&PHONE_ENG_Setup::readPin2Status);
     IntSetting *const m_upinStatus;
 };

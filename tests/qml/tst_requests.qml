@@ -189,6 +189,18 @@ TestCase {
         tryCompare(pins, "busy", false)
     }
 
+    function test_aSimThatDoesNotAnswerIsNotSaidToAskForNoPin() {
+        desk.answer("TAPI_SECURITY_GetPin1Status", CallSetup.SimUnavailable)
+        desk.answer("TAPI_SECURITY_GetAnyPinStatus", CallSetup.SimUnavailable)
+        pins.pinRequested.refresh()
+        tryCompare(pins.pinRequested, "state", CallSetup.Failed)
+        compare(pins.pinRequested.result, CallSetup.SimUnavailable)
+        desk.answer("TAPI_SECURITY_GetAnyPinStatus", CallSetup.NotSupported)
+        pins.pinRequested.refresh()
+        tryCompare(pins.pinRequested, "state", CallSetup.Ready)
+        compare(pins.pinRequested.value, false)
+    }
+
     function test_wordsForEveryResult() {
         const results = [CallSetup.InvalidParameter, CallSetup.CallRequestFailed, CallSetup.NoNumber,
                          CallSetup.InvalidCall, CallSetup.Refused, CallSetup.SimUnavailable, CallSetup.PinRejected,
