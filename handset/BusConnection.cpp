@@ -1,9 +1,11 @@
 // A connection to a message bus.
 #include "BusConnection.h"
 
+#include <algorithm>
 #include <cerrno>
 
 #include <poll.h>
+#include <sys/socket.h>
 #include <systemd/sd-bus.h>
 #include <unistd.h>
 
@@ -15,6 +17,8 @@ using std::chrono::steady_clock;
 
 void BusConnection::Close::operator()(sd_bus *connection) const
 {
+    // A child that was forked meanwhile may hold the socket too, and the bus would go on to fill it.
+    shutdown(sd_bus_get_fd(connection), SHUT_RDWR);
     sd_bus_close(connection);
     sd_bus_unref(connection);
 }
@@ -31,18 +35,11 @@ int BusConnection::open(std::chrono::milliseconds deadline)
     const auto end = steady_clock::now() + deadline;
     close();
     sd_bus *connection = nullptr;
-    const int opened = m_bus == Bus::System ? sd_bus_open_system(&connection) : sd_bus_open_user(&connection);
+    int result = m_bus == Bus::System ? sd_bus_open_system(&connection) : sd_bus_open_user(&connection);
     m_connection.reset(connection);
-    int result = opened;
     // A call would shake hands by itself, but wait for a bus that does not answer as long as it takes.
-    while (result >= 0 && sd_bus_is_ready(connection) <= 0) {
-        result = sd_bus_process(connection, nullptr);
-        if (result != 0)
-            continue;
-        const auto left = duration_cast<microseconds>(end - steady_clock::now());
-        result = left.count() <= 0 ? -ETIMEDOUT
-                                   : sd_bus_wait(connection, static_cast<std::uint64_t>(left.count()));
-    }
+    if (result >= 0)
+        result = serveUntil([connection] { return sd_bus_is_ready(connection) > 0; }, end);
     if (result < 0) {
         close();
         return result;
@@ -72,6 +69,23 @@ void BusConnection::tidy()
         if (sd_bus_process(m_connection.get(), nullptr) <= 0)
             return;
     }
+}
+
+int BusConnection::serveUntil(const std::function<bool()> &isSo, steady_clock::time_point end)
+{
+    int result = 0;
+    while (result >= 0 && !isSo()) {
+        result = sd_bus_process(m_connection.get(), nullptr);
+        if (result != 0)
+            continue;
+        const auto left = duration_cast<microseconds>(end - steady_clock::now());
+        if (left.count() <= 0)
+            return -ETIMEDOUT;
+        result = sd_bus_wait(m_connection.get(), static_cast<std::uint64_t>(left.count()));
+        if (result == -EINTR) // a signal handler has run
+            result = 0;
+    }
+    return std::min(result, 0);
 }
 
 void BusConnection::abandon() noexcept

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <memory>
 
 #include <sys/types.h>
@@ -38,6 +39,8 @@ public:
     bool isAlive() const;
     /** Answers or drops what has come in unasked. */
     void tidy();
+    /** Handles what comes in until that makes it so. 0, or a negative errno: -ETIMEDOUT when it is not so by then. */
+    int serveUntil(const std::function<bool()> &isSo, std::chrono::steady_clock::time_point end);
 
     /** In a forked child: lets go of what is the parent's. Calls only what is allowed there. */
     void abandon() noexcept;

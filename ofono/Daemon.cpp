@@ -1,6 +1,7 @@
 // The telephony daemon over D-Bus.
 #include "Daemon.h"
 #include "Interfaces.h"
+#include "Watch.h"
 
 #include <algorithm>
 #include <array>
@@ -317,10 +318,10 @@ _TAPI_RESULT_E Daemon::setProperty(const char *interface, const char *name, cons
 bool Daemon::waitUntil(const std::function<bool()> &isSo, milliseconds limit)
 {
     const Time end = steady_clock::now() + limit;
+    Watch watch(end); // before the first look
     while (!isSo()) {
-        if (steady_clock::now() >= end)
-            return false;
-        std::this_thread::sleep_for(firstPause);
+        if (!watch.waitForChange(end))
+            return isSo();
     }
     return true;
 }

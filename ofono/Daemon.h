@@ -116,7 +116,7 @@ public:
     _TAPI_RESULT_E setProperty(const char *interface, const char *name, const Value &value,
                                Deadline deadline = Deadline::Network);
 
-    /** Looks again and again until it is so. False when it is not within @p limit. */
+    /** Looks again at each change that the daemon tells, until it is so. False when it is not within @p limit. */
     static bool waitUntil(const std::function<bool()> &isSo, std::chrono::milliseconds limit);
     static std::chrono::milliseconds lengthOf(Deadline deadline);
 

@@ -54,3 +54,17 @@ void FakeDaemon::serve(sd_bus *bus)
     }
     sd_bus_flush_close_unref(bus);
 }
+
+FakeDaemon::Answerer withOneModem(std::function<void(std::string_view method, sd_bus_message *answer)> fill)
+{
+    return [fill = std::move(fill)](sd_bus_message *call) {
+        sd_bus_message *answer = nullptr;
+        sd_bus_message_new_method_return(call, &answer);
+        const std::string_view method = sd_bus_message_get_member(call);
+        if (method == "GetModems")
+            sd_bus_message_append(answer, "a(oa{sv})", 1, "/phone", 1, "Powered", "b", 1);
+        else
+            fill(method, answer);
+        return answer;
+    };
+}

@@ -26,3 +26,6 @@ private:
     int m_stop = -1; ///< an event descriptor
     std::thread m_thread;
 };
+
+/** A daemon with one modem; @p fill writes the answers to everything else that it is asked. */
+FakeDaemon::Answerer withOneModem(std::function<void(std::string_view method, sd_bus_message *answer)> fill);
