@@ -66,7 +66,7 @@ bool Setting::cancel()
     return cancelled;
 }
 
-void Setting::write(const QVariant &value)
+void Setting::write(QVariant value)
 {
     if (!m_writer) {
         m_settled = CallSetup::Failed;
@@ -80,10 +80,10 @@ void Setting::write(const QVariant &value)
     const unsigned int number = ++m_writesMade;
     m_takenBack.reset();
     Write &write = m_writes[number];
-    write.value = value;
     write.ticket = new Ticket(
         this, [writer = m_writer, value](Engine &engine) { return writer(engine, value); },
         Lifetime::OfWorker, [this, number](const Answer &answer) { writeEnded(number, answer); });
+    write.value = std::move(value);
     show();
     Q_EMIT stateChanged();
 }
@@ -125,9 +125,10 @@ void Setting::writeEnded(unsigned int number, const Answer &answer)
     const bool isLast = m_writes.rbegin()->first == number;
     m_writes.erase(number);
     if (answer.isSuccess()) {
-        m_confirmed = answer.value.isValid() ? answer.value : asked;
+        const QVariant taken = answer.value.isValid() ? answer.value : asked;
+        m_confirmed = taken;
         m_known = true;
-        Q_EMIT Exchange::instance().written(this, m_confirmed);
+        Q_EMIT Exchange::instance().written(this, taken); // who hears of it may make this setting forget
     }
     show();
     // A later write decides what there is to tell.

@@ -56,7 +56,8 @@ Q_SIGNALS:
 
 protected:
     const QVariant &shown() const { return m_shown; }
-    void write(const QVariant &value);
+    /** Takes a value of its own: the caller's may be one that the write clears. */
+    void write(QVariant value);
     /**
      * Forgets what is known, for a setting that came to mean something else. Writes in flight are still made, but
      * their end is not waited for.

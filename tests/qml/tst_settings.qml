@@ -14,6 +14,7 @@ TestCase {
     CallWaiting { id: waiting; autoRefresh: false }
     CallForwarding { id: forwarding; autoRefresh: false }
     CallCosts { id: costs; autoRefresh: false }
+    VideoCallSettings { id: video; autoRefresh: false }
     Component { id: preferencesComponent; CallPreferences { } }
 
     SignalSpy { id: shown; target: preferences.roamingAlert; signalName: "valueChanged" }
@@ -23,7 +24,7 @@ TestCase {
 
     function init() {
         desk.reset()
-        for (const item of [preferences, others, waiting, forwarding, costs]) {
+        for (const item of [preferences, others, waiting, forwarding, costs, video]) {
             item.refresh()
             tryCompare(item, "busy", false)
         }
@@ -131,6 +132,46 @@ TestCase {
         tryCompare(data.setting, "state", CallSetup.Ready)
         compare(data.setting.value, !before)
         compare(data.setting.error, "")
+    }
+
+    // A value is kept from the refusal to the retry, and to a retry of that one's refusal, whatever it is made of.
+    function test_whatWasTakenBackIsRetried_data() {
+        return [{ tag: "switch", setting: waiting.enabled, failing: "TAPI_CS_SetVoiceWaitingStatus",
+                  write: setting => { setting.value = false }, shown: setting => [setting.value], value: [false] },
+                { tag: "number", setting: preferences.audibleTimer, failing: storeWrite,
+                  write: setting => { setting.value = 45 }, shown: setting => [setting.value], value: [45] },
+                { tag: "text", setting: video.cameraOffImage, failing: storeWrite,
+                  write: setting => { setting.value = "/pictures/a picture with a long name, so that it is kept apart.png" },
+                  shown: setting => [setting.value],
+                  value: ["/pictures/a picture with a long name, so that it is kept apart.png"] },
+                { tag: "forwarding", setting: forwarding.noReply, failing: "TAPI_CS_DivertCallToNumber",
+                  write: setting => setting.activate("+4917012345678", 10),
+                  shown: setting => [setting.active, setting.number, setting.noReplyTime],
+                  value: [true, "+4917012345678", 10] },
+                { tag: "price", setting: costs.price, failing: "TAPI_CS_SetPriceUnit",
+                  write: setting => setting.setPrice("0.50", "CHF"),
+                  shown: setting => [setting.unitPrice, setting.currency], value: ["0.50", "CHF"] }]
+    }
+
+    function test_whatWasTakenBackIsRetried(data) {
+        const before = data.shown(data.setting)
+        const refused = createTemporaryQmlObject("import QtTest; SignalSpy { signalName: 'takenBack' }", test)
+        refused.target = data.setting
+        desk.answer(data.failing, data.failing === storeWrite ? 0 : CallSetup.Refused, 2)
+        data.write(data.setting)
+        for (let refusals = 1; refusals <= 2; ++refusals) {
+            tryCompare(refused, "count", refusals)
+            compare(data.shown(data.setting), before)
+            data.setting.retry()
+            compare(data.shown(data.setting), data.value)
+        }
+        tryCompare(data.setting, "state", CallSetup.Ready)
+        compare(data.shown(data.setting), data.value)
+        desk.forgetCalls()
+        data.setting.retry() // nothing is taken back any more, so it reads
+        tryCompare(data.setting, "busy", false)
+        compare(desk.calls(data.failing), [])
+        compare(data.shown(data.setting), data.value)
     }
 
     function test_whatTheProductLacks() {
