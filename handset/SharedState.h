@@ -41,8 +41,9 @@ static_assert(sizeof(SharedState) == 376);
 
 /**
  * The state of this user: the file `kvq/phone-state` in XDG_RUNTIME_DIR, which only the user may read and which
- * the system empties at a restart. A file that is not as this program would make it is left alone; this is told
- * once on standard error, and this process then keeps a state of its own.
+ * the system empties at a restart. A folder or a file that is not as this program would make it is left alone, and so
+ * is one that no space can be had for; this is told once on standard error, and this process then keeps a state of its
+ * own.
  */
 SharedState &sharedState();
 

@@ -1,6 +1,7 @@
 // What a phone does for itself: its product, its language, the state that its programs share, and what they tell.
 #include "Broadcaster.h"
 #include "Language.h"
+#include "OwnMounts.h"
 #include "Product.h"
 #include "SharedState.h"
 
@@ -207,6 +208,59 @@ TEST_F(HandsetTest, LeavesAStateFileAloneThatIsNotItsOwn)
     EXPECT_TRUE(keepsItsOwn()) << "a folder";
     EXPECT_EQ(rmdir(file.c_str()), 0);
     EXPECT_FALSE(keepsItsOwn()) << "what it makes itself is shared";
+}
+
+TEST_F(HandsetTest, LeavesAFolderOfTheStateAloneThatIsNotItsOwn)
+{
+    const std::string folder = path("kvq");
+    const auto keepsItsOwn = [this] { return apartWithState(leave) && !apartWithState(find); };
+    mkdir(folder.c_str(), 0700);
+    for (const mode_t others : {0710U, 0701U, 0720U}) {
+        chmod(folder.c_str(), others);
+        EXPECT_TRUE(keepsItsOwn()) << others;
+    }
+    rmdir(folder.c_str());
+    mkdir(path("elsewhere").c_str(), 0700);
+    EXPECT_EQ(symlink(path("elsewhere").c_str(), folder.c_str()), 0);
+    EXPECT_TRUE(keepsItsOwn()) << "a link";
+    EXPECT_EQ(rmdir(path("elsewhere").c_str()), 0) << "nothing was made behind the link";
+    unlink(folder.c_str());
+    write("kvq", "");
+    EXPECT_TRUE(keepsItsOwn()) << "a file";
+    unlink(folder.c_str());
+    EXPECT_FALSE(keepsItsOwn()) << "what it makes itself is shared";
+}
+
+/** A page of the file that has no space would kill the process that writes to it. */
+TEST_F(HandsetTest, KeepsItsOwnStateWhereTheFolderIsFull)
+{
+    constexpr int notAllowed = 77;
+    for (const bool fileIsThere : {false, true}) {
+        const pid_t child = fork();
+        if (child == 0) {
+            const std::string folder = path("");
+            if (!mountTinyDisk(folder))
+                _exit(notAllowed);
+            mkdir((folder + "kvq").c_str(), 0700);
+            if (fileIsThere) { // with its size, and without space
+                const std::string file = folder + "kvq/phone-state";
+                std::ofstream(file).close();
+                chmod(file.c_str(), 0600);
+                if (truncate(file.c_str(), sizeof(Handset::SharedState)) != 0)
+                    _exit(2);
+            }
+            fillDisk(folder);
+            setenv("XDG_RUNTIME_DIR", folder.c_str(), 1);
+            Handset::sharedState().restrictNextCall = 1;
+            _exit(Handset::sharedState().restrictNextCall == 1 ? 0 : 1);
+        }
+        int status = -1;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        if (WIFEXITED(status) && WEXITSTATUS(status) == notAllowed)
+            GTEST_SKIP() << "mounts of its own are not allowed";
+        EXPECT_EQ(status, 0) << fileIsThere;
+    }
+    EXPECT_TRUE(apartWithState(leave) && apartWithState(find)) << "with space it is shared";
 }
 
 TEST_F(HandsetTest, TellsOtherProgramsOnTheSessionBus)

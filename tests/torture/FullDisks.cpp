@@ -3,6 +3,7 @@
 
 #include "FailingDisk.h"
 #include "Helpers.h"
+#include "OwnMounts.h"
 
 #include "PHONE_ENG_Setup.h"
 #include "SimulatedPhone.h"
@@ -21,7 +22,6 @@
 #include <vector>
 
 #include <fcntl.h>
-#include <sched.h>
 #include <sys/mount.h>
 #include <unistd.h>
 
@@ -30,26 +30,6 @@ namespace Torture {
 namespace {
 
 namespace fs = std::filesystem;
-
-void writeTo(const char *file, const std::string &text)
-{
-    std::ofstream(file) << text;
-}
-
-/** Mounts of this process's own; one that is not the superuser becomes that of a world of its own first. */
-bool haveOwnMounts()
-{
-    const std::string user = std::to_string(geteuid());
-    const std::string group = std::to_string(getegid());
-    if (unshare(CLONE_NEWNS) != 0) {
-        if (unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0)
-            return false;
-        writeTo("/proc/self/setgroups", "deny");
-        writeTo("/proc/self/uid_map", "0 " + user + " 1");
-        writeTo("/proc/self/gid_map", "0 " + group + " 1");
-    }
-    return mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
-}
 
 /** Runs a part in a process of its own, with mounts of its own that end with it. */
 Outcome inOwnMounts(const std::function<Outcome()> &part)
