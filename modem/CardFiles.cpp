@@ -33,9 +33,11 @@ struct CardFile {
 };
 
 /** EF ICCID: the number of the card. */
-std::vector<Bytes> cardNumber(const Modem &)
+std::vector<Bytes> cardNumber(const Modem &modem)
 {
-    return {packDigits("8949000000000000018")};
+    constexpr std::string_view checkDigits = "864297531";
+    return {packDigits("89490000000000000" + std::to_string(modem.cardNumber)
+                       + checkDigits[modem.cardNumber - 1])};
 }
 
 /** EF PL and EF LI: the languages of the user, two letters each. */

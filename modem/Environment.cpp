@@ -186,6 +186,18 @@ void setCardInserted(Modem &modem, bool inserted)
     modem.updateRegistration();
 }
 
+void takeCard(Modem &modem, unsigned int number)
+{
+    if (modem.cardInserted || modem.cardNumber == number)
+        return;
+    modem.pulledCards[modem.cardNumber] = {modem.phone.sim, modem.charge};
+    const auto known = modem.pulledCards.find(number);
+    const Card card = known == modem.pulledCards.end() ? newCard(number) : known->second;
+    modem.phone.sim = card.sim;
+    modem.charge = card.charge;
+    modem.cardNumber = number;
+}
+
 void powerCard(Modem &modem)
 {
     modem.resetCard();

@@ -35,6 +35,9 @@ bool setInRange(Modem &modem, const std::string &networkId, bool inRange);
 /** The card is pulled or put in. */
 void setCardInserted(Modem &modem, bool inserted);
 
+/** While no card is in, another one is taken into the hand. One that was used before is as it was then. */
+void takeCard(Modem &modem, unsigned int number);
+
 /** The card gets power: it wants its PIN again, and is announced. */
 void powerCard(Modem &modem);
 

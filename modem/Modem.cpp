@@ -76,6 +76,15 @@ constexpr std::array<ErrorText, 18> errorTexts = {{
 
 } // namespace
 
+Card newCard(unsigned int number)
+{
+    constexpr std::size_t varied = 5; // the first digit behind the network's code
+    Card card = {{}, {0, 27, 400}};
+    card.sim.pin1Request = 0; // a phone on the desk starts without asking; the lock can be switched on
+    card.sim.imsi[varied] = static_cast<char>('0' + number - 1);
+    return card;
+}
+
 const char *textOf(Cme error)
 {
     const auto found = std::find_if(errorTexts.begin(), errorTexts.end(),
@@ -91,13 +100,16 @@ Modem::Modem()
 void Modem::reset()
 {
     phone = {};
-    // A phone on the desk starts without asking; the lock can be switched on.
-    phone.sim.pin1Request = 0;
+    const Card card = newCard(1);
+    phone.sim = card.sim;
+    charge = card.charge;
     power = Power::Off;
     cardInserted = true;
+    cardNumber = 1;
+    pulledCards.clear();
+    silent = false;
     registrationDenied = false;
     puk2Asked = false;
-    charge = {0, 27, 400};
     dialogue = {};
     callDetails.clear();
     disturbances.clear();

@@ -45,12 +45,21 @@ struct ChargeMeter {
     unsigned int maximum = 0; ///< 0 for no limit
 };
 
+/** A card as it is while it lies on the desk. */
+struct Card {
+    SimState sim;
+    ChargeMeter charge;
+};
+
 /** What the modem does to a command because somebody asked for it at the prompt. */
 struct Disturbance {
     Agenda::Duration delay = {};
     std::optional<Cme> refusal;
     int refusals = -1; ///< how many more; negative for all
 };
+
+/** A card that nobody has used yet, by its number from 1 to 9: they differ in what identifies them. */
+Card newCard(unsigned int number);
 
 class Modem {
 public:
@@ -61,6 +70,8 @@ public:
     PhoneState phone;
     Power power = Power::Off;
     bool cardInserted = true;
+    unsigned int cardNumber = 1; ///< which card lies in the modem, or did
+    bool silent = false;         ///< hears and says nothing; what it was sent meanwhile waits
     bool registrationDenied = false;
     bool puk2Asked = false;  ///< the last command that needed PIN2 found it blocked
     int signalStrength = 22; ///< 0 to 31
@@ -70,6 +81,7 @@ public:
     ChargeMeter charge;
     ServiceDialogue dialogue;
     std::map<unsigned char, CallDetails> callDetails;
+    std::map<unsigned int, Card> pulledCards; ///< by their number, as they were when they were pulled
     /** @} */
 
     /** Everything as new; connections stay. */

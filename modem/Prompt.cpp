@@ -158,7 +158,24 @@ Reply card(Modem &modem, const Words &words)
 {
     if (words[1] != "in" && words[1] != "out")
         return mistake("expected in or out");
+    if (words.size() > 2) {
+        constexpr unsigned int mostCards = 9;
+        const auto number = readNumber(words[2], mostCards);
+        if (words[1] == "out" || !number || *number == 0)
+            return mistake("expected the number of the card that is put in, 1 to 9");
+        if (modem.cardInserted)
+            return mistake("there is a card in already");
+        takeCard(modem, *number);
+    }
     setCardInserted(modem, words[1] == "in");
+    return {};
+}
+
+Reply silence(Modem &modem, const Words &words)
+{
+    if (words[1] != "on" && words[1] != "off")
+        return mistake("expected on or off");
+    modem.silent = words[1] == "on";
     return {};
 }
 
@@ -285,9 +302,10 @@ Reply state(Modem &modem, const Words &)
     text += modem.power == Power::On ? "power: on\n"
         : modem.power == Power::Off  ? "power: off\n"
                                      : "power: on, radio off\n";
-    text += !modem.cardInserted ? "card: pulled\n"
-        : modem.isPinRequired() ? "card: wants a PIN or PUK\n"
-                                : "card: ready\n";
+    text += "card " + std::to_string(modem.cardNumber);
+    text += !modem.cardInserted ? ": pulled\n"
+        : modem.isPinRequired() ? ": wants a PIN or PUK\n"
+                                : ": ready\n";
     text += std::string("PIN lock: ") + (phone.sim.pin1Request == 1 ? "on\n" : "off\n");
     appendPin(text, "PIN", phone.sim.pin1);
     appendPin(text, "PIN2", phone.sim.pin2);
@@ -317,6 +335,8 @@ Reply state(Modem &modem, const Words &)
         + std::to_string(modem.charge.maximum) + "; a unit costs " + phone.services.price + ' '
         + phone.services.currency + '\n';
     text += "text telephone: " + std::to_string(phone.device.ttyMode) + '\n';
+    if (modem.silent)
+        text += "the modem is silent\n";
     for (const auto &[name, disturbance] : modem.disturbances) {
         if (disturbance.delay.count() > 0)
             text += "answers late: AT" + name + ", " + std::to_string(disturbance.delay.count()) + " ms\n";
@@ -338,7 +358,7 @@ struct PromptCommand {
     Reply (*run)(Modem &modem, const Words &words);
 };
 
-constexpr std::array<PromptCommand, 18> commands = {{
+constexpr std::array<PromptCommand, 19> commands = {{
     {".ring", "NUMBER [withheld] [forwarded]", "A call comes in.", 1, 3, ringPhone},
     {".answer", "[CALL]", "The other side answers a call that was dialled.", 0, 1,
      [](Modem &modem, const Words &words) {
@@ -355,12 +375,14 @@ constexpr std::array<PromptCommand, 18> commands = {{
      answerAfter},
     {".network", "vanishes|returns [ID]", "A network, or all of them.", 1, 2, network},
     {".signal", "STRENGTH", "The strength of the signal, 0 to 31.", 1, 1, signal},
-    {".card", "out|in", "The card is pulled or put in.", 1, 1, card},
+    {".card", "out|in [NUMBER]", "The card is pulled or put in, or another one of nine.", 1, 2, card},
     {".lock", "on|off", "Whether the card asks for PIN1 when it is powered the next time.", 1, 1, lock},
     {".notify", "TEXT", "The network sends a text that nobody asked for.", 1, 1, notifyUser},
     {".delay", "COMMAND MS|off", "An AT command is carried out and answered late.", 2, 2, delay},
     {".refuse", "COMMAND [ERROR [TIMES]]", "An AT command is refused, with the error 100 or another one.", 1,
      3, refuse},
+    {".silence", "on|off", "The modem hears and says nothing; then it does what it was told meanwhile.", 1, 1,
+     silence},
     {".pass", "[COMMAND]", "An AT command, or every one, is answered by itself again.", 0, 1, pass},
     {".state", "", "The phone, its card and its network in words.", 0, 0, state},
     {".reset", "", "Everything as new; connections stay.", 0, 0, resetModem},

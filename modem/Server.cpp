@@ -131,7 +131,7 @@ void Server::takeControlBytes(Peer &peer, std::string_view bytes)
 
 bool Server::flush(Peer &peer)
 {
-    while (!peer.output.empty()) {
+    while (!peer.output.empty() && !isSilent(peer)) {
         const ssize_t sent =
             send(peer.socket.number(), peer.output.data(), peer.output.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
         if (sent < 0)
@@ -180,7 +180,8 @@ void Server::run()
         waited.push_back({m_control.number(), POLLIN, 0});
         for (const auto &peer : m_peers) {
             const auto wanted = static_cast<short>(peer->output.empty() ? POLLIN : POLLIN | POLLOUT);
-            waited.push_back({peer->socket.number(), wanted, 0});
+            // What a silent modem is sent stays in the socket, even the news that nobody is there any more.
+            waited.push_back({isSilent(*peer) ? -1 : peer->socket.number(), wanted, 0});
         }
         const std::size_t watchedFrom = waited.size();
         for (const auto &[descriptor, reader] : m_watched)
@@ -192,7 +193,7 @@ void Server::run()
         constexpr std::size_t firstPeer = 2;
         for (std::size_t position = firstPeer; position < watchedFrom; ++position) {
             auto &peer = m_peers[position - firstPeer];
-            if (serve(*peer, waited[position].revents))
+            if (isSilent(*peer) || serve(*peer, waited[position].revents))
                 continue;
             if (peer->session)
                 peer->session->disconnect();

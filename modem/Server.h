@@ -82,7 +82,8 @@ private:
     void acceptPeer(const Descriptor &listener, bool control);
     bool serve(Peer &peer, short events);
     void takeControlBytes(Peer &peer, std::string_view bytes);
-    static bool flush(Peer &peer);
+    bool isSilent(const Peer &peer) const { return m_modem.silent && peer.session; }
+    bool flush(Peer &peer);
     int timeout() const;
 
     Modem &m_modem;

@@ -1,17 +1,19 @@
 #!/usr/bin/env bash
 # The desk: a private bus, the simulated modem and the real telephony daemon, for as long as a command runs.
 #
-#   scripts/desk.sh run [--online] [--modem PROGRAM] [--script FILE] -- COMMAND...
+#   scripts/desk.sh run [--online] [--two] [--modem PROGRAM] [--script FILE] -- COMMAND...
 #       Starts all three in a folder of their own, runs COMMAND and ends them, also when it fails or is interrupted,
 #       and within two seconds when this script itself is killed.
-#       --online powers the modem and waits until it is registered. PROGRAM is kvq-modem (default: $KVQ_MODEM_PROGRAM,
+#       --online powers the modem and waits until it is registered. --two starts a second modem, with another card:
+#       the daemon's /phone2, which --online switches on too. PROGRAM is kvq-modem (default: $KVQ_MODEM_PROGRAM,
 #       then the one of the newest build below build/). FILE holds commands for the modem's prompt.
 #       Exit status: the command's; 70 when the desk could not be set up.
 #
 # COMMAND finds in its environment:
 #   DBUS_SYSTEM_BUS_ADDRESS  the private bus, where the daemon has the modem /phone
 #   KVQ_DESK                 the folder of this desk: bus.pid, modem.pid, daemon.pid (each the program's own process id),
-#                            modem.control, and the logs bus.log, modem.log, daemon.log (the AT traffic is in the last)
+#                            modem.control, and the logs bus.log, modem.log, daemon.log (the AT traffic is in the last);
+#                            of a second modem modem2.pid, modem2.control and modem2.log
 #   KVQ_MODEM_PROGRAM        kvq-modem
 # and, so that nothing of the user's own is touched either, DBUS_SESSION_BUS_ADDRESS (the same bus), XDG_RUNTIME_DIR,
 # XDG_DATA_HOME, XDG_CONFIG_HOME and XDG_STATE_HOME (empty folders of this desk).
@@ -19,7 +21,8 @@
 # Inside of it:
 #   scripts/desk.sh tell WORDS...   a command of the modem's prompt, as in: desk.sh tell .ring 5551234;
 #                                   without words the prompt itself
-#   scripts/desk.sh online          powers the modem and waits until it is registered
+#   scripts/desk.sh tell2 WORDS...  the same for the second modem
+#   scripts/desk.sh online [PATH]   powers a modem, /phone unless another is named, and waits until it is registered
 #   scripts/desk.sh daemon          starts the daemon anew after kill "$(cat "$KVQ_DESK/daemon.pid")"
 #   scripts/desk.sh bus             starts the bus anew, at the same address
 #
@@ -93,12 +96,17 @@ EOF
         / org.freedesktop.DBus.ListNames
 }
 
+# start_modem NAME GROUP [SCRIPT]: a group of the daemon's file is a modem's path
 start_modem() {
-    start modem "$KVQ_MODEM_PROGRAM" --port 0 --no-prompt --control "$KVQ_DESK/modem.control" \
-        ${modem_script:+--script "$modem_script"}
-    wait_until "the modem" grep -q '^port ' "$KVQ_DESK/modem.log"
-    printf '[phone]\nAddress=127.0.0.1\nPort=%s\n' "$(sed -n 's/^port //p' "$KVQ_DESK/modem.log")" \
-        >"$KVQ_DESK/daemon.conf"
+    start "$1" "$KVQ_MODEM_PROGRAM" --port 0 --no-prompt --control "$KVQ_DESK/$1.control" ${3:+--script "$3"}
+    wait_until "the modem" grep -q '^port ' "$KVQ_DESK/$1.log"
+    printf '[%s]\nAddress=127.0.0.1\nPort=%s\n' "$2" "$(sed -n 's/^port //p' "$KVQ_DESK/$1.log")" \
+        >>"$KVQ_DESK/daemon.conf"
+}
+
+start_second_modem() {
+    printf '.card out\n.card in 2\n' >"$KVQ_DESK/modem2.script"
+    start_modem modem2 phone2 "$KVQ_DESK/modem2.script"
 }
 
 start_daemon() {
@@ -120,27 +128,29 @@ modem_is_there() {
     on_the_daemon / org.ofono.Manager.GetModems | grep -q /phone
 }
 
+# go_online PATH
 go_online() {
-    on_the_daemon /phone org.ofono.Modem.SetProperty string:Powered variant:boolean:true >/dev/null
-    wait_until "the card" has_interface org.ofono.SimManager
-    on_the_daemon /phone org.ofono.Modem.SetProperty string:Online variant:boolean:true >/dev/null
-    wait_until "the call settings" has_interface org.ofono.CallSettings
-    wait_until "the registration" is_registered
+    on_the_daemon "$1" org.ofono.Modem.SetProperty string:Powered variant:boolean:true >/dev/null
+    wait_until "the card" has_interface "$1" org.ofono.SimManager
+    on_the_daemon "$1" org.ofono.Modem.SetProperty string:Online variant:boolean:true >/dev/null
+    wait_until "the call settings" has_interface "$1" org.ofono.CallSettings
+    wait_until "the registration" is_registered "$1"
 }
 
 has_interface() {
-    on_the_daemon /phone org.ofono.Modem.GetProperties | grep -q "$1"
+    on_the_daemon "$1" org.ofono.Modem.GetProperties | grep -q "$2"
 }
 
 is_registered() {
-    on_the_daemon /phone org.ofono.NetworkRegistration.GetProperties | grep -Eq 'registered|roaming'
+    on_the_daemon "$1" org.ofono.NetworkRegistration.GetProperties | grep -Eq 'registered|roaming'
 }
 
 run() {
-    local online=false modem_script=""
+    local online=false two=false modem_script=""
     while [[ ${1-} == --* && $1 != -- ]]; do
         case $1 in
         --online) online=true ;;
+        --two) two=true ;;
         --modem) KVQ_MODEM_PROGRAM=$2 && shift ;;
         --script) modem_script=$2 && shift ;;
         *) fail "unknown option $1" ;;
@@ -167,9 +177,11 @@ run() {
     trap 'exit 143' TERM HUP
     watch_over_this_script
     start_bus
-    start_modem
+    start_modem modem phone "$modem_script"
+    ! $two || start_second_modem
     start_daemon
-    ! $online || go_online
+    ! $online || go_online /phone
+    ! $online || ! $two || go_online /phone2
     # In the background, so that a signal to this script is heard at once; with the terminal and Ctrl-C as ever.
     local status=0
     env --default-signal=INT,QUIT "$@" <&0 &
@@ -181,7 +193,7 @@ run() {
 
 clear_away() {
     local name
-    for name in screen command daemon modem bus; do
+    for name in screen command daemon modem modem2 bus; do
         end $name
     done
     rm -rf "$KVQ_DESK"
@@ -193,7 +205,7 @@ watch_over_this_script() {
     (
         trap '' INT TERM HUP
         tail --pid=$$ -f /dev/null
-        for name in screen command daemon modem bus; do
+        for name in screen command daemon modem modem2 bus; do
             pid=$(cat "$KVQ_DESK/$name.pid") && kill -KILL "$pid"
         done
         rm -rf "$KVQ_DESK"
@@ -207,8 +219,9 @@ shift || true
 case $command in
 run) run "$@" ;;
 tell) exec "$KVQ_MODEM_PROGRAM" --tell "$KVQ_DESK/modem.control" "$@" ;;
-online) go_online ;;
+tell2) exec "$KVQ_MODEM_PROGRAM" --tell "$KVQ_DESK/modem2.control" "$@" ;;
+online) go_online "${1-/phone}" ;;
 daemon) start_daemon ;;
 bus) start_bus ;;
-*) fail "usage: scripts/desk.sh run|tell|online|daemon|bus; its head says more" ;;
+*) fail "usage: scripts/desk.sh run|tell|tell2|online|daemon|bus; its head says more" ;;
 esac

@@ -331,4 +331,22 @@ TEST_F(CommandsTest, AMissingCardAndAVanishedNetworkAreSeen)
     EXPECT_EQ(takeOutput(), "+USIMSTATE: 1|+CREG: 1");
 }
 
+TEST_F(CommandsTest, ACardIsAsItWasWhenItWasPulled)
+{
+    const auto putIn = [this](unsigned int number) {
+        setCardInserted(modem, false);
+        takeCard(modem, number);
+        setCardInserted(modem, true);
+        takeOutput();
+        return ask("AT+CIMI") + ' ' + ask("AT+CRSM=176,12258,0,0,10");
+    };
+    const std::string first = ask("AT+CIMI") + ' ' + ask("AT+CRSM=176,12258,0,0,10");
+    EXPECT_EQ(first, "001010123456789|OK +CRSM: 144,0,\"989400000000000010F8\"|OK");
+    EXPECT_EQ(ask("AT+CPWD=\"SC\",\"1234\",\"4321\""), "OK");
+    EXPECT_EQ(putIn(2), "001011123456789|OK +CRSM: 144,0,\"989400000000000020F6\"|OK");
+    EXPECT_EQ(ask("AT+CPWD=\"SC\",\"4321\",\"1111\""), "+CME ERROR: 16");
+    EXPECT_EQ(putIn(1), first);
+    EXPECT_EQ(ask("AT+CPWD=\"SC\",\"4321\",\"1234\""), "OK");
+}
+
 } // namespace AtModem

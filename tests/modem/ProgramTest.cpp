@@ -116,6 +116,35 @@ TEST_F(ProgramTest, ItIsToldThroughItsControlSocket)
     EXPECT_EQ(tell(".state").first, 1);
 }
 
+TEST_F(ProgramTest, ASilentModemDoesLaterWhatItIsTold)
+{
+    const QTemporaryDir folder;
+    const QString control = folder.filePath(QStringLiteral("control"));
+    start({QStringLiteral("--no-prompt"), QStringLiteral("--control"), control});
+    const auto tell = [&control](const char *words) {
+        return once(QStringList{QStringLiteral("--tell"), control}
+                    + QString::fromLatin1(words).split(QLatin1Char(' ')))
+            .second;
+    };
+    const int peer = connectToPort();
+    EXPECT_THAT(ask(peer, "ATE0"), testing::HasSubstr("OK"));
+    EXPECT_EQ(tell(".silence on"), "");
+    EXPECT_EQ(send(peer, "AT+CFUN=1\r", 10, MSG_NOSIGNAL), 10);
+    EXPECT_TRUE(tell(".state").contains("power: off"));
+    EXPECT_TRUE(tell(".state").contains("the modem is silent"));
+    std::array<char, 16> buffer = {};
+    EXPECT_EQ(recv(peer, buffer.data(), buffer.size(), MSG_DONTWAIT), -1);
+    EXPECT_EQ(tell(".silence off"), "");
+    EXPECT_THAT(ask(peer, "AT"), testing::StartsWith("\r\nOK\r\n"));
+    EXPECT_TRUE(tell(".state").contains("power: on"));
+    EXPECT_TRUE(tell(".card in 2").contains("there is a card in already"));
+    EXPECT_TRUE(tell(".card out 2").contains("expected the number"));
+    EXPECT_EQ(tell(".card out"), "");
+    EXPECT_EQ(tell(".card in 2"), "");
+    EXPECT_TRUE(tell(".state").contains("card 2: ready"));
+    close(peer);
+}
+
 TEST_F(ProgramTest, ScriptsAndPlainLinesReportTheirMistakes)
 {
     QTemporaryFile script;
