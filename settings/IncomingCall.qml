@@ -1,131 +1,123 @@
-// Says on every page that a call comes in, and takes or rejects it there.
+// A call that comes in: who calls, and what can be done.
 import QtQuick
 import Kvq.CallSetup
 import Kvq.Settings.Controls
 
-Column {
-    id: bar
+Rectangle {
+    id: call
 
+    required property int callId
+    required property string number
+    required property int callState
+    required property bool incoming
     required property Calls calls
-    /** False where the page shows the call itself. */
-    required property bool wanted
+    /** Somebody talks already. */
+    required property bool talking
+    property Request rejection: null
+    readonly property bool ringing: incoming && callState === Calls.Ringing
 
-    /** A call is being answered from here. */
+    /** It is being answered from here. */
     signal taken(Request request)
 
-    Repeater {
-        model: bar.calls
+    function focusFirst(): void {
+        answer.forceActiveFocus(Qt.TabFocusReason);
+    }
 
-        Rectangle {
-            id: call
+    implicitHeight: layout.implicitHeight + 2 * Theme.unit
+    visible: ringing
+    color: Theme.accentSoft
+    Accessible.role: Accessible.AlertMessage
+    Accessible.name: title.text + " " + caller.text
 
-            required property int callId
-            required property string number
-            required property int callState
-            property Request rejection: null
+    // What is below it takes no tap that misses a button.
+    MouseArea {
+        anchors.fill: parent
+    }
 
-            width: bar.width
-            height: layout.implicitHeight + 2 * Theme.unit
-            visible: bar.wanted && callState === Calls.Ringing
-            color: Theme.accentSoft
-            Accessible.role: Accessible.AlertMessage
-            Accessible.name: title.text + " " + caller.text
+    Column {
+        id: layout
 
-            Timer {
-                id: moved
+        x: Math.max(Theme.margin, (parent.width - Theme.contentWidth) / 2)
+        y: Theme.unit
+        width: parent.width - 2 * x
+        spacing: Theme.unit
 
-                interval: 500
-                running: call.visible
+        Row {
+            width: parent.width
+            spacing: Theme.margin
+
+            Icon {
+                id: sign
+
+                anchors.verticalCenter: parent.verticalCenter
+                symbol: "calls"
+                color: Theme.accentSoftInk
             }
 
             Column {
-                id: layout
+                width: parent.width - sign.width - parent.spacing
 
-                x: Math.max(Theme.margin, (parent.width - Theme.contentWidth) / 2)
-                y: Theme.unit
-                width: parent.width - 2 * x
-                spacing: Theme.unit
+                Text {
+                    id: title
 
-                Row {
                     width: parent.width
-                    spacing: Theme.margin
-
-                    Icon {
-                        id: sign
-
-                        anchors.verticalCenter: parent.verticalCenter
-                        symbol: "calls"
-                        color: Theme.accentSoftInk
-                    }
-
-                    Column {
-                        width: parent.width - sign.width - parent.spacing
-
-                        Text {
-                            id: title
-
-                            width: parent.width
-                            text: qsTr("Incoming call")
-                            font.pixelSize: Theme.small
-                            color: Theme.accentSoftInk
-                            Accessible.ignored: true
-                        }
-
-                        Text {
-                            id: caller
-
-                            width: parent.width
-                            text: call.number !== "" ? call.number : qsTr("Unknown number")
-                            font.pixelSize: Theme.title
-                            font.weight: Font.DemiBold
-                            color: Theme.accentSoftInk
-                            wrapMode: Text.WrapAnywhere
-                            Accessible.ignored: true
-                        }
-                    }
+                    text: qsTr("Incoming call")
+                    font.pixelSize: Theme.small
+                    color: Theme.accentSoftInk
+                    Accessible.ignored: true
                 }
 
-                Row {
-                    id: buttons
+                Text {
+                    id: caller
 
                     width: parent.width
-                    spacing: Theme.unit
-
-                    PushButton {
-                        width: (buttons.width - Theme.unit) / 2
-                        objectName: "take"
-                        symbol: "calls"
-                        text: qsTr("Answer")
-                        filled: true
-                        onClicked: {
-                            bar.taken(bar.calls.answer(call.callId));
-                        }
-                    }
-
-                    PushButton {
-                        width: (buttons.width - Theme.unit) / 2
-                        symbol: "hang-up"
-                        text: qsTr("Reject")
-                        filled: true
-                        dangerous: true
-                        enabled: !(call.rejection !== null && call.rejection.busy)
-                        onClicked: call.rejection = bar.calls.reject(call.callId)
-                    }
-                }
-
-                FailureLine {
-                    width: parent.width
-                    inset: 0
-                    reason: Words.of(call.rejection)
-                    action: ""
+                    text: call.number !== "" ? call.number : qsTr("Unknown number")
+                    font.pixelSize: Theme.title
+                    font.weight: Font.DemiBold
+                    color: Theme.accentSoftInk
+                    wrapMode: Text.WrapAnywhere
+                    Accessible.ignored: true
                 }
             }
+        }
 
-            // The bar pushes the page down: a tap that was meant for the page must not answer.
-            MouseArea {
-                anchors.fill: parent
-                visible: moved.running
+        Row {
+            id: buttons
+
+            readonly property real side: (width - spacing) / 2
+
+            width: parent.width
+            spacing: Theme.unit
+
+            PushButton {
+                id: answer
+
+                objectName: "answer"
+                width: buttons.side
+                symbol: "calls"
+                text: call.talking ? qsTr("Hold and answer") : qsTr("Answer")
+                filled: true
+                onClicked: call.taken(call.calls.answer(call.callId))
             }
+
+            PushButton {
+                objectName: "reject"
+                width: buttons.side
+                height: Math.max(implicitHeight, parent.height)
+                symbol: "hang-up"
+                text: qsTr("Reject")
+                filled: true
+                dangerous: true
+                enabled: !(call.rejection !== null && call.rejection.busy)
+                onClicked: call.rejection = call.calls.reject(call.callId)
+            }
+        }
+
+        FailureLine {
+            width: parent.width
+            inset: 0
+            reason: Words.of(call.rejection)
+            action: ""
         }
     }
 }

@@ -75,6 +75,7 @@ Window {
     Component.onCompleted: {
         Theme.wanted = theme;
         Theme.calm = calm;
+        TapGuard.watch(window);
         page = directory.find(firstPage) ? firstPage : "";
         if (page === "")
             pageList.focusFirst(Qt.OtherFocusReason);
@@ -96,6 +97,21 @@ Window {
 
     Calls {
         id: callTable
+    }
+
+    CallSummary {
+        id: callSummary
+
+        model: callTable
+    }
+
+    CallLayer {
+        calls: callTable
+        summary: callSummary
+        onTaken: request => {
+            window.taken = request;
+            window.open("calls");
+        }
     }
 
     PageDirectory {
@@ -122,24 +138,10 @@ Window {
             }
         }
 
-        IncomingCall {
-            id: incoming
-
-            width: parent.width
-            calls: callTable
-            wanted: window.shownPage !== "calls"
-            onTaken: request => {
-                window.taken = request;
-                window.open("calls");
-            }
-        }
-
         Item {
             id: panes
 
-            anchors.top: incoming.bottom
-            anchors.bottom: parent.bottom
-            width: parent.width
+            anchors.fill: parent
             clip: slide.running
 
             PageList {

@@ -1,5 +1,6 @@
 // Why something failed, where it failed, and what to do next.
 import QtQuick
+import Kvq.Settings.Controls
 
 Item {
     id: line
@@ -10,14 +11,25 @@ Item {
     /** How far the ground stays away from the sides. */
     property int inset: Theme.unit
 
+    /** The reason, as soon as no finger can lose the row below. */
+    property string shown
+
     /** @param byKey whether the keyboard asked for it */
     signal retry(bool byKey)
 
     implicitHeight: visible ? layout.implicitHeight + Theme.unit + 4 : 0
-    visible: reason !== ""
+    visible: shown !== ""
     Accessible.role: Accessible.AlertMessage
-    Accessible.name: reason
+    Accessible.name: shown
     Accessible.ignored: !visible
+
+    Binding {
+        target: line
+        property: "shown"
+        value: line.reason
+        when: !TapGuard.fingerDown
+        restoreMode: Binding.RestoreNone
+    }
 
     Rectangle {
         anchors.fill: parent
@@ -50,7 +62,7 @@ Item {
 
             Text {
                 width: parent.width - sign.width - parent.spacing
-                text: line.reason
+                text: line.shown
                 font.pixelSize: Theme.small
                 lineHeight: 1.15
                 color: Theme.danger

@@ -648,6 +648,10 @@
         <source>Reject</source>
         <translation>Ablehnen</translation>
     </message>
+    <message>
+        <source>Hold and answer</source>
+        <translation>Halten und annehmen</translation>
+    </message>
 </context>
 <context>
     <name>LinesPage</name>

@@ -183,11 +183,11 @@ TEST_F(PagesTest, ACallThatComesInIsTakenOnAnyPage)
 {
     open(QStringLiteral("about"));
     ASSERT_TRUE(settle());
-    EXPECT_EQ(find(QStringLiteral("take")), nullptr);
+    EXPECT_EQ(find(QStringLiteral("answer")), nullptr);
     ASSERT_NE(phone().ring("+491715550100"), 0);
-    ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("take")) != nullptr; }));
-    ASSERT_TRUE(QMetaObject::invokeMethod(find(QStringLiteral("take")), "click"));
-    ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("take")) == nullptr; }));
+    ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("answer")) != nullptr; }));
+    ASSERT_TRUE(QMetaObject::invokeMethod(find(QStringLiteral("answer")), "click"));
+    ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("answer")) == nullptr; }));
     EXPECT_EQ(window().property("shownPage").toString(), QStringLiteral("calls"));
     ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("hang-up")) != nullptr; }));
 }

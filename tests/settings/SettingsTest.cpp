@@ -2,6 +2,7 @@
 #include "SettingsTest.h"
 
 #include <QAccessible>
+#include <QQmlEngine>
 
 SettingsTest::SettingsTest()
 {
@@ -55,6 +56,28 @@ bool SettingsTest::settle() const
         looks = window().property("settled").toBool() ? looks + 1 : 0;
         return looks >= 2;
     });
+}
+
+TapGuard &SettingsTest::guard() const
+{
+    QQmlEngine *const engine = qmlEngine(&window());
+    static const int type = qmlTypeId("Kvq.Settings.Controls", 1, 0, "TapGuard");
+    return *engine->singletonInstance<TapGuard *>(type);
+}
+
+void SettingsTest::tapAt(const QQuickItem &item)
+{
+    const QPointF place = centreOf(item);
+    touch(place);
+    lift(place);
+}
+
+bool SettingsTest::tap(const QString &name)
+{
+    if (!waitFor([&] { return guard().isReady(find(name)); }))
+        return false;
+    tapAt(*find(name));
+    return true;
 }
 
 void SettingsTest::visit(QQuickItem *item, const std::function<void(QQuickItem &)> &tell)

@@ -3,7 +3,9 @@
 
 #include "Application.h"
 #include "SimulatedPhoneControl.h"
+#include "TapGuard.h"
 
+#include <QPointingDevice>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QTest>
@@ -40,6 +42,19 @@ protected:
     static bool waitFor(const std::function<bool()> &isSo, int milliseconds = 10000);
     bool settle() const;
 
+    /** @name With a finger
+     * @{ */
+    TapGuard &guard() const;
+    static QPointF centreOf(const QQuickItem &item) { return item.mapToScene(item.boundingRect().center()); }
+    void touch(QPointF place) { finger().press(0, place.toPoint()); }
+    void lift(QPointF place) { finger().release(0, place.toPoint()); }
+    /** Touches what is at the place of an item, whether or not it is ready for it. */
+    void tapAt(const QQuickItem &item);
+    /** Waits until a tap reaches the item, and taps it. */
+    bool tap(const QString &name);
+    QTest::QTouchEventSequence finger() { return QTest::touchEvent(&window(), m_screen.get()); }
+    /** @} */
+
     /** Every visible item below one. */
     static void visit(QQuickItem *item, const std::function<void(QQuickItem &)> &tell);
     /** Whether an item can be pressed or typed into. */
@@ -50,4 +65,5 @@ protected:
 
 private:
     std::unique_ptr<Application> m_application;
+    const std::unique_ptr<QPointingDevice> m_screen{QTest::createTouchDevice()};
 };
