@@ -4,8 +4,6 @@
 #include "Language.h"
 #include "PlatformCall.h"
 
-#include <thread>
-
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -68,6 +66,7 @@ void SimulatedPhone::reset()
     m_scripts.clear();
     m_delays.clear();
     m_delayed = false;
+    m_delayTakenAway.notify_all();
     m_answerer = nullptr;
 }
 
@@ -135,20 +134,19 @@ void SimulatedPhone::setDelay(const std::string &function, std::chrono::millisec
     else
         m_delays.erase(function);
     m_delayed = !m_delays.empty();
+    m_delayTakenAway.notify_all();
 }
 
 void SimulatedPhone::waitForAnswer(std::string_view function)
 {
     if (!m_delayed)
         return;
-    std::chrono::milliseconds delay = {};
-    {
-        const std::lock_guard lock(m_mutex);
-        const auto found = m_delays.find(function);
-        if (found != m_delays.end())
-            delay = found->second;
-    }
-    std::this_thread::sleep_for(delay);
+    std::unique_lock lock(m_mutex);
+    const auto found = m_delays.find(function);
+    if (found == m_delays.end())
+        return;
+    const auto answerTime = std::chrono::steady_clock::now() + found->second;
+    m_delayTakenAway.wait_until(lock, answerTime, [&] { return m_delays.find(function) == m_delays.end(); });
 }
 
 void SimulatedPhone::openLink()

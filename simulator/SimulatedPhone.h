@@ -8,6 +8,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <condition_variable>
 #include <functional>
 #include <map>
 #include <memory>
@@ -71,6 +72,7 @@ public:
 
     /** @name Late answers, by the name of the platform function
      * @{ */
+    /** 0 takes the delay away, also from a call that waits already. */
     void setDelay(const std::string &function, std::chrono::milliseconds delay);
     const auto &delays() const { return m_delays; }
     /** Waits as long as the function's answer is late. */
@@ -116,5 +118,6 @@ private:
     ScriptedAnswer m_lastAnswer;
     std::atomic<bool> m_delayed = false;
     std::map<std::string, std::chrono::milliseconds, std::less<>> m_delays;
+    std::condition_variable_any m_delayTakenAway;
     Answerer m_answerer;
 };

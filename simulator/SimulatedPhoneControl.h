@@ -53,7 +53,7 @@ public:
     virtual bool setAnswer(const std::string &function, const ScriptedAnswer &answer) = 0;
     /** The function answers by itself again. */
     virtual bool clearAnswer(const std::string &function) = 0;
-    /** Lets a function answer so much later; 0 for at once. */
+    /** Lets a function answer so much later; 0 for at once, also to a call that waits already. */
     virtual bool setDelay(const std::string &function, std::chrono::milliseconds delay) = 0;
     /** @} */
 
