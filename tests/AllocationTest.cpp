@@ -1,4 +1,4 @@
-// Call control takes no memory from the heap.
+// Call control takes no memory from the heap; what does take some says when there is none.
 #include "EngineTest.h"
 
 #include "LogModule.h"
@@ -9,6 +9,7 @@
 namespace {
 
 bool counting = false;
+bool memoryIsShort = false; ///< for who can be told so
 unsigned int allocations = 0;
 
 /** Every form takes its memory here, so that each form of delete gives back what malloc gave. */
@@ -32,7 +33,7 @@ void *allocateOrThrow(std::size_t size)
 void *operator new(std::size_t size) { return allocateOrThrow(size); }
 void *operator new[](std::size_t size) { return allocateOrThrow(size); }
 void *operator new(std::size_t size, const std::nothrow_t &) noexcept { return allocate(size); }
-void *operator new[](std::size_t size, const std::nothrow_t &) noexcept { return allocate(size); }
+void *operator new[](std::size_t size, const std::nothrow_t &) noexcept { return memoryIsShort ? nullptr : allocate(size); }
 void operator delete(void *memory) noexcept { std::free(memory); }
 void operator delete[](void *memory) noexcept { std::free(memory); }
 void operator delete(void *memory, std::size_t) noexcept { std::free(memory); }
@@ -116,6 +117,15 @@ TEST_F(AllocationTest, NoRequestAllocatesWhoeverItGoesTo)
     EXPECT_EQ(refusalsWithoutAllocation(true, true), 0);
     EXPECT_EQ(refusalsWithoutAllocation(true, false), 10);
     std::fclose(std::exchange(libaplog_to_module_ptr, captured));
+}
+
+TEST_F(AllocationTest, AListWithoutMemoryIsAFailure)
+{
+    QStringList list = {QStringLiteral("old")};
+    memoryIsShort = true;
+    EXPECT_EQ(setup().getMyNumberList(list), TAPI_RESULT_FAIL);
+    memoryIsShort = false;
+    EXPECT_EQ(list, QStringList{QStringLiteral("old")});
 }
 
 } // namespace

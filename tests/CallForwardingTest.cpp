@@ -204,7 +204,7 @@ TEST_F(CallForwardingTest, IndicatorFollowsTheFeaturesOfTheProduct)
 TEST_F(CallForwardingTest, IndicatorCountsOnlyFlagsThatAreOne)
 {
     const std::tuple<std::string, std::string, int> rows[] = {
-        {"\2", "\2", 0}, {"\1", "\2", 1}, {"\2", "\1", 2}, {"\1", "\xff", 1}};
+        {"\2", "\2", 0}, {"\1", "\2", 1}, {"\2", "\1", 2}, {"\1", "\xff", 1}, {"", "", 0}};
     for (const auto &[line1, line2, status] : rows) {
         answer("TAPI_CPHS_GetCallDivertStatus", TAPI_RESULT_SUCC, {line1, line2});
         refresh();

@@ -57,6 +57,8 @@ TEST_F(CallRestrictionsTest, FlagsAreOnOnlyWhenTheByteIsOne)
             answerByte(function, failure, byte);
             EXPECT_EQ(read(operation, byte != 1), (byte == 1 ? "0, 77:" : "1, 77:") + asked) << byte;
         }
+        answer(function, TAPI_RESULT_SUCC); // and nothing written
+        EXPECT_EQ(read(operation, 1), "0, 0:" + asked);
     }
 }
 
@@ -127,6 +129,8 @@ TEST_F(CallRestrictionsTest, DtmfTypeIsPassedThrough)
     EXPECT_EQ(read(&Engine::getDTMF, 42), "42, 77: | TAPI_CS_GetDtmfToneType() |");
     answerByte("TAPI_CS_GetDtmfToneType", TAPI_RESULT_SUCC, 200);
     EXPECT_EQ(read(&Engine::getDTMF, 42), "200, 0: | TAPI_CS_GetDtmfToneType() |");
+    answer("TAPI_CS_GetDtmfToneType", TAPI_RESULT_SUCC); // and nothing written
+    EXPECT_EQ(read(&Engine::getDTMF, 42), "0, 0: | TAPI_CS_GetDtmfToneType() |");
 }
 
 TEST_F(CallRestrictionsTest, CallerIdRestrictionIsTranslatedWhenReadButNotWhenSet)

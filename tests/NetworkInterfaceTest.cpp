@@ -58,6 +58,9 @@ TEST_F(NetworkInterfaceTest, MetaObjectHasOneSignalAndNothingElse)
     PHONE_ENG_NtInterface::metaObj = nullptr;
     network().initMetaObject();
     EXPECT_EQ(PHONE_ENG_NtInterface::metaObj, meta);
+    PHONE_ENG_NtInterface::metaObj = nullptr;
+    const PHONE_ENG_NtInterface other;
+    EXPECT_EQ(PHONE_ENG_NtInterface::metaObj, meta);
 }
 
 TEST_F(NetworkInterfaceTest, OnlyZeroIsSuccessAndOnlyFailureIsLogged)

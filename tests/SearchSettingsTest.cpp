@@ -117,6 +117,11 @@ TEST_F(SearchSettingsTest, TonesAreOnExactlyForOne)
             EXPECT_TRUE((network().*set)(on));
             EXPECT_EQ(journal(), " | " + setCall + (on ? "(1)" : "(0)") + success + afterSetting);
         }
+        answer(getCall, 0); // and nothing written
+        bool on = true;
+        EXPECT_TRUE((network().*get)(on));
+        EXPECT_FALSE(on);
+        journal();
         answer(setCall, 5);
         EXPECT_FALSE((network().*set)(true));
         EXPECT_EQ(journal(), " | " + setCall + "(1)" + refusal);

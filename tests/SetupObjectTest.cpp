@@ -42,7 +42,9 @@ TEST_F(SetupObjectTest, ThereIsOneObjectAtATime)
 TEST_F(SetupObjectTest, ParentNameAndClassName)
 {
     QObject parent;
+    PHONE_ENG_Setup::metaObj = nullptr;
     auto *const named = new PHONE_ENG_Setup(&parent, "settings");
+    EXPECT_EQ(PHONE_ENG_Setup::metaObj, named->metaObject());
     EXPECT_EQ(named->parent(), &parent);
     EXPECT_EQ(named->objectName(), QStringLiteral("settings"));
     EXPECT_TRUE(setup().objectName().isEmpty());

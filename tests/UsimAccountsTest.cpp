@@ -122,10 +122,15 @@ TEST_F(UsimAccountsTest, TheTitleIsTheLabelOfTheActiveAccountIfThereIsOne)
     for (const auto &[position, expected] : rows) {
         SCOPED_TRACE(position);
         card(3, records, position);
+        events();
         EXPECT_EQ(readTitle(), 0U);
         EXPECT_EQ(title.toStdString(), expected);
         EXPECT_EQ(count, 3);
-        EXPECT_EQ(calls().back(), "UTIL_SetActiveAccount(" + std::to_string(position) + ")");
+        const Events seen = events();
+        ASSERT_GE(seen.size(), 2U);
+        EXPECT_EQ(seen[0], R"("\n Getting Title of the active USIM application ")");
+        EXPECT_EQ(seen[1], R"("\n Getting List of USIM applications ")");
+        EXPECT_THAT(seen, testing::Contains("UTIL_SetActiveAccount(" + std::to_string(position) + ")"));
         EXPECT_TRUE(locations().contains("utility/PHONE_ENG_Setup getCurrentUSIMAccountTitle"));
         EXPECT_EQ(read(), 0U);
         EXPECT_EQ(active, position);

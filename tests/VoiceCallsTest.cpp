@@ -32,7 +32,7 @@ constexpr auto largeRedial = static_cast<_TAPI_CALL_STK_REDIAL_E>(0x1FE);
 constexpr auto largeReject = static_cast<_TAPI_VOICE_REJECT_CALL_TYPE_E>(0x01020304);
 
 unsigned char number[] = "+49170p1";
-unsigned char nothing[] = "";
+unsigned char nothing[] = {0, '1', 0};
 Id newId = 0;
 Id newStkId = 0;
 
