@@ -18,6 +18,7 @@ for subject in settings bare; do
     printf '%-54s %s\n' "first frame and memory: $subject window" "$(KVQ_LOG=off QT_QPA_PLATFORM=offscreen \
         QT_QUICK_BACKEND=software "$build/benchmarks/first_frame" $subject 2>/dev/null)" || status=1
 done
+KVQ_LOG=off QT_QPA_PLATFORM=offscreen QT_QUICK_BACKEND=software "$build/benchmarks/event_loop_gap" 2>/dev/null || status=1
 KVQ_LOG=off scripts/desk.sh run --online --modem "$build/modem/kvq-modem" -- "$build/benchmarks/ofono_benchmarks" \
     || status=1
 

@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
+#include <iterator>
 #include <memory>
 #include <thread>
 
@@ -74,7 +75,7 @@ std::string byHand(const std::string &arguments)
 
 bool becomes(const std::function<bool()> &isSo)
 {
-    for (int tenth = 0; tenth < 100; ++tenth) {
+    for (int tenth = 0; tenth < 600; ++tenth) {
         if (isSo())
             return true;
         std::this_thread::sleep_for(std::chrono::milliseconds(100));
@@ -87,6 +88,21 @@ double secondsOf(const std::function<void()> &action)
     const auto begin = std::chrono::steady_clock::now();
     action();
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+}
+
+Traffic::Traffic()
+    : m_begin(std::ifstream(folder() + "/daemon.log", std::ios::ate).tellg())
+{
+}
+
+void Traffic::waitFor(const std::string &command) const
+{
+    EXPECT_TRUE(becomes([&] {
+        std::ifstream log(folder() + "/daemon.log");
+        log.seekg(m_begin);
+        const std::string sent((std::istreambuf_iterator<char>(log)), std::istreambuf_iterator<char>());
+        return sent.find("> AT" + command) != std::string::npos;
+    })) << command;
 }
 
 } // namespace Desk

@@ -11,6 +11,7 @@
 
 #include <chrono>
 #include <functional>
+#include <ios>
 #include <string>
 
 #include <sys/types.h>
@@ -32,11 +33,23 @@ void end(const char *program, int signal);
 /** Calls a method of the daemon by hand, as another program would; its answer as text, empty for a refusal. */
 std::string byHand(const std::string &arguments);
 
-/** Looks again and again for up to ten seconds. */
+/** Looks again and again, for a minute: only what hangs takes that long. */
 bool becomes(const std::function<bool()> &isSo);
 
-/** Seconds that it takes. */
+/** Seconds that it takes, for what must not end too early. */
 double secondsOf(const std::function<void()> &action);
+
+/** What the daemon asks the modem, from now on. */
+class Traffic {
+public:
+    Traffic();
+
+    /** Waits until the daemon has sent an AT command that begins so. */
+    void waitFor(const std::string &command) const;
+
+private:
+    std::streamoff m_begin = 0;
+};
 
 inline QString text(const char *latin1)
 {

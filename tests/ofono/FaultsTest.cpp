@@ -56,15 +56,13 @@ TEST_F(FaultsOnOfono, TellsOfADaemonThatDiedAndOneThatCameBack)
 {
     EXPECT_TRUE(reads(TAPI_RESULT_SUCC));
     tell(".delay +CCWA 20000");
+    const Desk::Traffic traffic;
     std::future<_TAPI_RESULT_E> pending =
         std::async(std::launch::async, [this] { return setup().setCallWaiting(false); });
-    std::this_thread::sleep_for(std::chrono::milliseconds(300));
-    const double seconds = Desk::secondsOf([&] {
-        Desk::end("daemon", SIGKILL);
-        EXPECT_EQ(pending.get(), TAPI_RESULT_SERVICE_DOWN);
-    });
-    EXPECT_LT(seconds, 2);
-    EXPECT_LT(Desk::secondsOf([this] { EXPECT_EQ(read(), TAPI_RESULT_SERVICE_DOWN); }), 0.5);
+    traffic.waitFor("+CCWA=");
+    Desk::end("daemon", SIGKILL);
+    EXPECT_EQ(pending.get(), TAPI_RESULT_SERVICE_DOWN); // at the deadline it would be another result
+    EXPECT_EQ(read(), TAPI_RESULT_SERVICE_DOWN);
     EXPECT_EQ(dial(), TAPI_RESULT_SERVICE_DOWN);
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
@@ -114,11 +112,12 @@ TEST_F(FaultsOnOfono, TellsOfAModemThatIsOffAndACardThatIsGone)
 TEST_F(FaultsOnOfono, TriesAgainWhileAnotherProgramIsServed)
 {
     tell(".delay +CCWA 1000");
+    const Desk::Traffic traffic;
     std::thread other([] {
         Desk::byHand(
             "/phone org.ofono.CallSettings.SetProperty string:VoiceCallWaiting variant:string:disabled");
     });
-    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    traffic.waitFor("+CCWA=");
     EXPECT_EQ(setup().setCallWaiting(true), TAPI_RESULT_SUCC);
     other.join();
     tell(".delay +CCWA off");
@@ -171,7 +170,7 @@ TEST_F(FaultsOnOfono, TellsOfABusThatIsGoneAndConnectsAgainWhenAsked)
 {
     EXPECT_TRUE(PHONE_ENG_IsTapiDeviceActive());
     Desk::end("bus", SIGKILL);
-    EXPECT_LT(Desk::secondsOf([this] { EXPECT_EQ(read(), TAPI_RESULT_LINK_LOST); }), 0.5);
+    EXPECT_EQ(read(), TAPI_RESULT_LINK_LOST);
     EXPECT_EQ(dial(), TAPI_RESULT_LINK_LOST);
     EXPECT_EQ(PHONE_ENG_TAPI_initiation(), TAPI_RESULT_LINK_LOST);
     Desk::script("bus");
@@ -192,40 +191,39 @@ using DeadlinesOnOfono = FaultsOnOfono;
 
 } // namespace
 
-TEST_F(DeadlinesOnOfono, EndsEveryRequestInTime)
+TEST_F(DeadlinesOnOfono, EndsEveryRequest)
 {
-    const auto takes = [](double atLeast, double atMost, _TAPI_RESULT_E wanted, auto request) {
+    const auto timesOut = [](double notBefore, auto request) {
         _TAPI_RESULT_E result = TAPI_RESULT_SUCC;
         const double seconds = Desk::secondsOf([&] { result = request(); });
-        EXPECT_EQ(result, wanted);
-        EXPECT_GE(seconds, atLeast);
-        EXPECT_LE(seconds, atMost);
+        EXPECT_EQ(result, TAPI_RESULT_TIMED_OUT);
+        EXPECT_GE(seconds, notBefore);
     };
     ASSERT_STREQ(std::getenv("KVQ_OFONO_DEADLINE_MS"), "200");
     tell(".delay +CCWA 4500");
-    takes(2.9, 3.5, TAPI_RESULT_TIMED_OUT, [this] { return setup().setCallWaiting(false); });
+    timesOut(2.9, [this] { return setup().setCallWaiting(false); });
     // The daemon still waits for the modem, so another request finds it occupied for a while.
     tell(".delay +CCWA off");
-    takes(0.5, 3.5, TAPI_RESULT_SUCC, [this] { return setup().setCallWaiting(true); });
-    Desk::end("daemon", SIGSTOP);
+    EXPECT_TRUE(Desk::becomes([this] { return setup().setCallWaiting(true) == TAPI_RESULT_SUCC; }));
     QString imei;
-    takes(0.15, 0.6, TAPI_RESULT_TIMED_OUT, [&] { return setup().readIMEISerialNumber(imei); });
-    Desk::end("daemon", SIGCONT);
-    takes(0, 0.6, TAPI_RESULT_SUCC, [&] { return setup().readIMEISerialNumber(imei); });
-    Desk::end("bus", SIGSTOP);
-    takes(0.15, 0.6, TAPI_RESULT_TIMED_OUT, [&] { return setup().readIMEISerialNumber(imei); });
-    Desk::end("bus", SIGCONT);
-    takes(0, 0.6, TAPI_RESULT_SUCC, [&] { return setup().readIMEISerialNumber(imei); });
+    const auto readImei = [&] { return setup().readIMEISerialNumber(imei); };
+    for (const char *const program : {"daemon", "bus"}) {
+        SCOPED_TRACE(program);
+        Desk::end(program, SIGSTOP);
+        timesOut(0.15, readImei);
+        Desk::end(program, SIGCONT);
+        EXPECT_TRUE(Desk::becomes([&] { return readImei() == TAPI_RESULT_SUCC; }));
+    }
     // A request that is pending when the modem goes off is never answered.
     tell(".delay +CCWA 4500");
-    std::future<void> pending = std::async(std::launch::async, [&] {
-        takes(2.9, 3.5, TAPI_RESULT_TIMED_OUT, [this] { return setup().setCallWaiting(false); });
-    });
-    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    const Desk::Traffic traffic;
+    std::future<void> pending = std::async(
+        std::launch::async, [&] { timesOut(2.9, [this] { return setup().setCallWaiting(false); }); });
+    traffic.waitFor("+CCWA=");
     modemIs("Powered", false);
     pending.get();
     tell(".delay +CCWA off");
-    takes(0, 0.6, TAPI_RESULT_MODEM_OFFLINE, [this] { return setup().setCallWaiting(true); });
+    EXPECT_TRUE(Desk::becomes([this] { return setup().setCallWaiting(true) == TAPI_RESULT_MODEM_OFFLINE; }));
     Desk::script("online");
     EXPECT_TRUE(reads(TAPI_RESULT_SUCC));
 }

@@ -342,17 +342,14 @@ using PlentyOnOfono = NonsenseOnOfono;
 
 TEST_F(NonsenseOnOfono, DoesNoHarm)
 {
-    const char *const wanted = std::getenv("KVQ_NONSENSE_SECONDS");
-    const double seconds = wanted ? std::atof(wanted) : 8;
-    double spent = 0;
-    unsigned int rounds = 0;
-    for (unsigned int seed = 1; spent < seconds; ++seed, ++rounds) {
+    const char *const wanted = std::getenv("KVQ_NONSENSE_ROUNDS");
+    const int rounds = wanted ? std::atoi(wanted) : 10;
+    for (int seed = 1; seed <= rounds; ++seed) {
         SCOPED_TRACE(seed);
-        Nonsense nonsense(seed);
+        Nonsense nonsense(static_cast<unsigned int>(seed));
         const FakeDaemon daemon([&](sd_bus_message *call) { return nonsense.answer(call); });
-        spent += Desk::secondsOf([this] { askEverything(); });
+        askEverything();
     }
-    EXPECT_GT(rounds, 3U);
     // And the next daemon in its place is asked as if nothing had been.
     const FakeDaemon daemon(withOneModem([](std::string_view, sd_bus_message *answer) {
         sd_bus_message_append(answer, "a{sv}", 2, "Present", "b", 1, "HideCallerId", "s", "enabled");

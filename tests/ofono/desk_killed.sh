@@ -11,11 +11,23 @@ trap 'rm -rf "$TMPDIR"' EXIT
 "$1" run --modem "$2" -- sh -c 'until [ -s "$KVQ_DESK/command.pid" ]; do sleep 0.1; done
     cp "$KVQ_DESK"/*.pid "$TMPDIR"; touch "$TMPDIR/ready"; exec sleep 100' &
 desk=$!
-timeout 30 sh -c 'until [ -e "$TMPDIR/ready" ]; do sleep 0.1; done'
+timeout 60 sh -c 'until [ -e "$TMPDIR/ready" ]; do sleep 0.1; done'
 kill -KILL $desk
-sleep 3
-! ls -d "$TMPDIR"/kvq-desk.* 2>/dev/null || exit 1
+
+# waits_for_end WHAT COMMAND...: until the command fails
+waits_for_end() {
+    local what=$1 tenth
+    shift
+    for ((tenth = 0; tenth < 600; ++tenth)); do
+        "$@" 2>/dev/null || return 0
+        sleep 0.1
+    done
+    echo "$what: still there"
+    exit 1
+}
+
+waits_for_end "the folder" ls -d "$TMPDIR"/kvq-desk.*
 for file in "$TMPDIR"/{bus,modem,daemon,command}.pid; do
     # What has ended and was not asked for its status yet has no command line any more.
-    [[ ! -s /proc/$(cat "$file")/cmdline ]] || { echo "$file: still there"; exit 1; }
+    waits_for_end "$file" test -s "/proc/$(cat "$file")/cmdline"
 done

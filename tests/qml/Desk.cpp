@@ -3,7 +3,6 @@
 
 #include "CallSetupWorker.h"
 
-#include <QEventLoop>
 #include <QFile>
 #include <QLocale>
 #include <QTemporaryDir>
@@ -155,14 +154,6 @@ void Desk::preferNetworks(const QStringList &ids)
 void Desk::speak(const QString &language)
 {
     QLocale::setDefault(QLocale(language));
-}
-
-int Desk::longestGap(int milliseconds)
-{
-    QEventLoop loop;
-    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
-    loop.exec();
-    return static_cast<int>(m_watch.longestGap().count());
 }
 
 const ScriptedAnswer *Desk::answerer(std::string_view function)

@@ -1,7 +1,6 @@
 // The phone on the desk as tests see it: what it is asked, what it answers, and how long it takes.
 #pragma once
 
-#include "EventLoopWatch.h"
 #include "SimulatedPhone.h"
 
 #include <QObject>
@@ -43,10 +42,6 @@ public:
 
     Q_INVOKABLE void speak(const QString &language);
 
-    Q_INVOKABLE void watchEventLoop() { m_watch.start(); }
-    /** Lets the event loop turn for a while. Its longest gap since the watch began, in milliseconds. */
-    Q_INVOKABLE int longestGap(int milliseconds);
-
 private:
     struct Answer {
         ScriptedAnswer scripted;
@@ -62,6 +57,4 @@ private:
     std::set<std::string, std::less<>> m_held;
     int m_waiting = 0;
     int m_delay = 0;
-
-    EventLoopWatch m_watch;
 };

@@ -34,7 +34,7 @@ int main(int argc, char **argv)
     });
 
     Kvq::CallSetupWorker &worker = Kvq::CallSetupWorker::instance();
-    worker.setQuitTimeout(std::chrono::milliseconds(hangs ? 300 : 5000));
+    worker.setQuitTimeout(std::chrono::milliseconds(hangs ? 300 : 60'000));
     QFuture<void> written = worker.run([](Kvq::Engine &engine) {
         if (engine.setup.setRoamAlert(true))
             std::puts("stored");

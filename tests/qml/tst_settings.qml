@@ -75,7 +75,6 @@ TestCase {
         preferences.roamingAlert.value = false
         compare(preferences.roamingAlert.value, false)
         tryVerify(() => desk.isHeld())
-        wait(20)
         desk.letGo()
         tryCompare(preferences.roamingAlert, "busy", false)
         compare(writes(), ["true", "false"])

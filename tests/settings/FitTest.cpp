@@ -71,7 +71,7 @@ TEST_P(FitTest, WhatIsAsked)
         ASSERT_TRUE(settle());
         ASSERT_TRUE(QMetaObject::invokeMethod(find(QString::fromLatin1(question.item)), "click"));
         ASSERT_TRUE(settle());
-        QTest::qWait(50);
+        ASSERT_TRUE(isDrawn());
         look();
     }
 }

@@ -120,7 +120,7 @@ TEST_F(KeyboardTest, AScreenReaderIsToldWhatEachThingIs)
     open(QStringLiteral("caller-id"), {.calm = true});
     ASSERT_TRUE(settle());
     ASSERT_TRUE(QMetaObject::invokeMethod(find(QStringLiteral("restriction")), "click"));
-    QTest::qWait(50);
+    ASSERT_TRUE(isDrawn());
     EXPECT_EQ(readAloud(),
               QStringLiteral("Pane Caller ID and waiting\n"
                              "Button Back\n"
@@ -159,7 +159,7 @@ TEST_F(KeyboardTest, TogglesASwitchAndOpensAChoice)
     row->forceActiveFocus(Qt::TabFocusReason);
     press(Qt::Key_Space);
     EXPECT_TRUE(row->property("open").toBool());
-    QTest::qWait(50);
+    ASSERT_TRUE(isDrawn());
     press(Qt::Key_Tab);
     press(Qt::Key_Down);
     press(Qt::Key_Down);

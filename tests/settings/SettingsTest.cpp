@@ -3,6 +3,7 @@
 
 #include <QAccessible>
 #include <QQmlEngine>
+#include <QSignalSpy>
 
 SettingsTest::SettingsTest()
 {
@@ -78,6 +79,13 @@ bool SettingsTest::tap(const QString &name)
         return false;
     tapAt(*find(name));
     return true;
+}
+
+bool SettingsTest::isDrawn() const
+{
+    QSignalSpy frames(&window(), &QQuickWindow::frameSwapped);
+    window().requestUpdate();
+    return waitFor([&] { return frames.count() > 0; });
 }
 
 void SettingsTest::visit(QQuickItem *item, const std::function<void(QQuickItem &)> &tell)

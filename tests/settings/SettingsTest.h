@@ -39,8 +39,10 @@ protected:
     }
     void type(const QString &text);
     /** Lets the event loop run until something is so. */
-    static bool waitFor(const std::function<bool()> &isSo, int milliseconds = 10000);
+    static bool waitFor(const std::function<bool()> &isSo, int milliseconds = 60'000);
     bool settle() const;
+    /** Waits until what has changed is laid out and drawn. */
+    bool isDrawn() const;
 
     /** @name With a finger
      * @{ */
