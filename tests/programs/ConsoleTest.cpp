@@ -25,14 +25,9 @@ protected:
     QTemporaryDir m_directory;
 };
 
-class ConsoleOnTheSimulatedPhoneTest : public ConsoleTest {
-protected:
-    void SetUp() override
-    {
-        if (!Program::onSimulatedPhone())
-            GTEST_SKIP() << "the simulated phone is not loaded";
-    }
-};
+// Which of the two is registered depends on the build.
+using ConsoleOnTheSimulatedPhoneTest = ConsoleTest;
+using ConsoleOnAPortTest = ConsoleTest;
 
 TEST_F(ConsoleOnTheSimulatedPhoneTest, SettingsAreKeptFromOneRunToTheNext)
 {
@@ -194,11 +189,8 @@ TEST_F(ConsoleTest, WhatCannotBeShownIsNoSuccess)
     EXPECT_EQ(console.readAllStandardError().toStdString(), "error: standard output cannot be written\n");
 }
 
-/** On a platform library without a simulated phone. */
-TEST_F(ConsoleTest, OperationsWorkAndThePhonesCommandsSayWhyTheyDoNot)
+TEST_F(ConsoleOnAPortTest, OperationsWorkAndThePhonesCommandsSayWhyTheyDoNot)
 {
-    if (Program::onSimulatedPhone())
-        GTEST_SKIP() << "the simulated phone is loaded";
     const Output output = run({}, "currentLineNo\nsetRoamAlert on\n.ring 5551234\n");
     EXPECT_EQ(output.text, "line = 1\nresult = 36864 (TAPI_RESULT_NOT_SUPPORTED)\nresult = false\n");
     EXPECT_THAT(output.errors, HasSubstr(".ring: the simulated phone is not loaded"));
