@@ -10,20 +10,26 @@ source scripts/packages.sh
 limit=$((128 * 1024)) # of the stripped library
 
 need_packages "${build_packages[@]}" "${test_packages[@]}" "${qml_packages[@]}" "${arm_packages[@]}" "${deb_packages[@]}"
-for architecture in arm64 armhf; do
-    scripts/sysroot.sh "$architecture"
-    echo "== Building ($architecture)"
-    build=build/$architecture
-    cmake --preset "$architecture" >/dev/null
-    cmake --build --preset "$architecture" -- --quiet
+[[ -z ${KVQ_TALLY-} ]] && is_whole=true || is_whole=false
+source scripts/parts.sh
 
-    strip=$(sed -n 's/^CMAKE_STRIP:[^=]*=//p' "$build/CMakeCache.txt")
-    "$strip" -o "$build/stripped" "$build/utility/libkvqcallsetupengine.so.1"
-    size=$(stat -c %s "$build/stripped")
-    echo "the stripped library ($architecture): $size bytes (at most $limit)"
-    ((size <= limit)) || { echo "error: the stripped library is too large" >&2; exit 1; }
+build() {
+    scripts/sysroot.sh "$1"
+    cmake --preset "$1" >/dev/null
+    cmake --build --preset "$1" -- --quiet
+}
 
-    echo "== Packing ($architecture)"
+check_size() {
+    local strip size
+    strip=$(sed -n 's/^CMAKE_STRIP:[^=]*=//p' "build/$1/CMakeCache.txt")
+    "$strip" -o "build/$1/stripped" "build/$1/utility/libkvqcallsetupengine.so.1"
+    size=$(stat -c %s "build/$1/stripped")
+    echo "the stripped library ($1): $size bytes (at most $limit)"
+    ((size <= limit))
+}
+
+pack() {
+    local architecture=$1 build=build/$1 package unpacked emulator triplet
     DEB_BUILD_OPTIONS=noautodbgsym scripts/deb.sh "$build" "$build/packages" >/dev/null
     unpacked=$build/packages/unpacked
     rm -rf "$unpacked"
@@ -46,7 +52,17 @@ for architecture in arm64 armhf; do
     XDG_DATA_HOME=$build/packages/data "$emulator" -L "build/sysroot/$architecture" \
         -E LD_LIBRARY_PATH="$unpacked/usr/lib/$triplet" "$unpacked/usr/bin/kvq-console" -q \
         --script "$unpacked/usr/share/doc/kvq-console/examples/tour.kvq" >/dev/null
+}
 
-    echo "== Testing ($architecture)"
-    ctest --preset "$architecture" --progress
+status=0
+for architecture in arm64 armhf; do
+    if part "Building ($architecture)" build "$architecture"; then
+        part "Size ($architecture)" check_size "$architecture" || status=1
+        part "Packing ($architecture)" pack "$architecture" || status=1
+        tests "$architecture" || status=1
+    else
+        status=1
+    fi
 done
+! $is_whole || summary || status=1
+exit $status

@@ -1,42 +1,53 @@
 #!/usr/bin/env bash
 # Builds the engine and runs its tests: with the sanitizers, with Qt 5.15, against a hostile platform, under
-# valgrind, and last as it ships. Installs what is missing.
+# valgrind, and last as it ships. Installs what is missing. Every part is run, whatever became of the others; the summary at
+# the end tells what failed.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/packages.sh
 
 need_packages "${build_packages[@]}" "${test_packages[@]}" "${qml_packages[@]}" "${deb_packages[@]}"
+[[ -z ${KVQ_TALLY-} ]] && is_whole=true || is_whole=false
+source scripts/parts.sh
 
-echo "== Format"
-git ls-files '*.cpp' '*.h' | xargs clang-format-14 --dry-run --Werror
-
-build_and_test() {
-    echo "== Building ($1)"
-    cmake --preset "$1" >/dev/null
-    cmake --build --preset "$1" -- --quiet
-    echo "== Testing ($1)"
-    ctest --preset "$1" --progress
+check_format() {
+    git ls-files '*.cpp' '*.h' | xargs clang-format-14 --dry-run --Werror
 }
 
-build_and_test asan
-build_and_test qt5
+build() {
+    cmake --preset "$1" >/dev/null
+    cmake --build --preset "$1" -- --quiet
+}
 
-echo "== A hostile platform"
-scripts/fuzz.sh --short
-
-echo "== Building (release)"
-cmake --preset release >/dev/null
-cmake --build --preset release -- --quiet
-echo "== Under valgrind"
 # Left out: what starts other programs, what counts allocations itself, and what searches the process's memory.
-valgrind --quiet --error-exitcode=1 --child-silent-after-fork=yes --leak-check=full \
-    --errors-for-leak-kinds=definite,indirect build/release/tests/engine_tests --gtest_brief=1 \
-    --gtest_filter='-ConsoleTest.*:AllocationTest.*:PinsInMemoryTest.*:*ForTheNextProcess:*CollectedWrites*:*KilledWriter*:*TwoProcesses*:*TheDefaultIs*' |
-    tail -n 2
-# What is used on the way out must not have been destroyed, on either platform library.
-for platform in simulator ofono; do
-    LD_LIBRARY_PATH=build/release/$platform XDG_DATA_HOME=$PWD/build/release/exit-data \
-        KVQ_PRODUCT=handset/product.conf valgrind --quiet --error-exitcode=1 build/release/tests/store/exit_program
-done
+under_valgrind() {
+    valgrind --quiet --error-exitcode=1 --child-silent-after-fork=yes --leak-check=full \
+        --errors-for-leak-kinds=definite,indirect build/release/tests/engine_tests --gtest_brief=1 \
+        --gtest_filter='-ConsoleTest.*:AllocationTest.*:PinsInMemoryTest.*:*ForTheNextProcess:*CollectedWrites*:*TheDefaultIs*' |
+        tail -n 2
+}
 
-build_and_test release
+# What is used on the way out must not have been destroyed, on either platform library.
+leaving_under_valgrind() {
+    local platform
+    for platform in simulator ofono; do
+        LD_LIBRARY_PATH=build/release/$platform XDG_DATA_HOME=$PWD/build/release/exit-data \
+            KVQ_PRODUCT=handset/product.conf valgrind --quiet --error-exitcode=1 build/release/tests/store/exit_program
+    done
+}
+
+status=0
+part "Format" check_format || status=1
+for preset in asan qt5; do
+    { part "Building ($preset)" build "$preset" && tests "$preset"; } || status=1
+done
+part "A hostile platform" scripts/fuzz.sh --short || status=1
+if part "Building (release)" build release; then
+    part "Under valgrind" under_valgrind || status=1
+    part "Leaving under valgrind" leaving_under_valgrind || status=1
+    tests release || status=1
+else
+    status=1
+fi
+! $is_whole || summary || status=1
+exit $status
