@@ -2,6 +2,7 @@
 #include "CardText.h"
 #include "Commands.h"
 
+#include "Forwarding.h"
 #include "OwnNumbers.h"
 
 #include <algorithm>
@@ -153,6 +154,17 @@ bool writeOwnNumber(Modem &modem, int record, const Bytes &bytes)
     return true;
 }
 
+/** EF CFF of a two-line card (CPHS, B.4.5): half a byte a line, whether its voice calls are forwarded. */
+std::vector<Bytes> forwardingFlags(const Modem &modem)
+{
+    constexpr unsigned int on = 0xA;
+    constexpr unsigned int off = 0x5;
+    const ServiceState &services = modem.phone.services;
+    const unsigned int line1 = Simulator::isForwarded(services, 0) ? on : off;
+    const unsigned int line2 = Simulator::isForwarded(services, 1) ? on : off;
+    return {{static_cast<std::uint8_t>(line2 << 4 | line1)}};
+}
+
 /** EF PNN: the names of the home network. */
 std::vector<Bytes> networkNames(const Modem &modem)
 {
@@ -195,7 +207,7 @@ std::vector<Bytes> accumulatedMeter(const Modem &modem)
              static_cast<std::uint8_t>(units)}};
 }
 
-constexpr std::array<CardFile, 12> files = {{
+constexpr std::array<CardFile, 13> files = {{
     {0x2FE2, Structure::Transparent, Access::Always, Access::Never, cardNumber, nullptr},
     {0x2F05, Structure::Transparent, Access::Always, Access::Never, languages, nullptr},
     {0x6F05, Structure::Transparent, Access::Always, Access::Never, languages, nullptr},
@@ -205,6 +217,7 @@ constexpr std::array<CardFile, 12> files = {{
     {0x6F56, Structure::Transparent, Access::Pin, Access::Never, enabledServices, nullptr},
     {0x6F46, Structure::Transparent, Access::Always, Access::Never, providerName, nullptr},
     {0x6F40, Structure::Linear, Access::Pin, Access::Pin, ownNumbers, writeOwnNumber},
+    {0x6F13, Structure::Transparent, Access::Pin, Access::Never, forwardingFlags, nullptr},
     {0x6FC5, Structure::Linear, Access::Always, Access::Never, networkNames, nullptr},
     {0x6FC6, Structure::Linear, Access::Always, Access::Never, networkList, nullptr},
     {0x6F39, Structure::Linear, Access::Pin, Access::Never, accumulatedMeter, nullptr},

@@ -179,14 +179,6 @@ Reply silence(Modem &modem, const Words &words)
     return {};
 }
 
-Reply lock(Modem &modem, const Words &words)
-{
-    if (words[1] != "on" && words[1] != "off")
-        return mistake("expected on or off");
-    modem.phone.sim.pin1Request = words[1] == "on" ? 1 : 0;
-    return {};
-}
-
 Reply delay(Modem &modem, const Words &words)
 {
     constexpr unsigned int longest = 3600000;
@@ -195,6 +187,23 @@ Reply delay(Modem &modem, const Words &words)
         return mistake("expected milliseconds or off");
     modem.disturbances[commandName(words[1])].delay = Agenda::Duration(*time);
     return {};
+}
+
+Reply lock(Modem &modem, const Words &words)
+{
+    const bool opened = words[1] == "open";
+    if (words[1] != "on" && words[1] != "off" && !opened)
+        return mistake("expected on, off or open");
+    modem.phone.sim.pin1Request = words[1] == "off" ? 0 : 1;
+    if (opened)
+        modem.phone.sim.pin1.verified = true;
+    return {};
+}
+
+/** All that a card holds is read by one command. */
+Reply lateCard(Modem &modem, const Words &words)
+{
+    return delay(modem, {words[0], "AT+CRSM", words[1]});
 }
 
 Reply refuse(Modem &modem, const Words &words)
@@ -358,7 +367,7 @@ struct PromptCommand {
     Reply (*run)(Modem &modem, const Words &words);
 };
 
-constexpr std::array<PromptCommand, 19> commands = {{
+constexpr std::array<PromptCommand, 20> commands = {{
     {".ring", "NUMBER [withheld] [forwarded]", "A call comes in.", 1, 3, ringPhone},
     {".answer", "[CALL]", "The other side answers a call that was dialled.", 0, 1,
      [](Modem &modem, const Words &words) {
@@ -376,7 +385,9 @@ constexpr std::array<PromptCommand, 19> commands = {{
     {".network", "vanishes|returns [ID]", "A network, or all of them.", 1, 2, network},
     {".signal", "STRENGTH", "The strength of the signal, 0 to 31.", 1, 1, signal},
     {".card", "out|in [NUMBER]", "The card is pulled or put in, or another one of nine.", 1, 2, card},
-    {".lock", "on|off", "Whether the card asks for PIN1 when it is powered the next time.", 1, 1, lock},
+    {".lock", "on|off|open", "Whether the card asks for PIN1 when it is powered; open: and was given it.", 1,
+     1, lock},
+    {".late", "MS|off", "What the card holds becomes known late, each part so much.", 1, 1, lateCard},
     {".notify", "TEXT", "The network sends a text that nobody asked for.", 1, 1, notifyUser},
     {".delay", "COMMAND MS|off", "An AT command is carried out and answered late.", 2, 2, delay},
     {".refuse", "COMMAND [ERROR [TIMES]]", "An AT command is refused, with the error 100 or another one.", 1,
