@@ -3,14 +3,17 @@
 // Everything goes by the service strings of 3GPP TS 22.030, which the daemon hands to the network at once. They set number
 // and no-reply time in one step, reach data and fax too, and tell the network's truth: the daemon's own properties are
 // for voice only, are read from the network once, and hide the conditional forwardings while an unconditional one is
-// on. A question for all classes at once keeps those properties right; one for data or fax alone would clear them.
+// on. A question for all classes at once keeps those properties right; one for data or fax alone would clear them. After
+// each change the daemon asks the network how things stand now; a change counts only when that says so too.
 #include "Daemon.h"
 #include "Interfaces.h"
 #include "Text.h"
 
 #include "TAPI_CS.h"
 
+#include <algorithm>
 #include <array>
+#include <span>
 
 using namespace Ofono;
 
@@ -29,7 +32,7 @@ struct ServiceClass {
 
 constexpr std::array<ServiceClass, 3> serviceClasses = {{
     {1, "11", {"Voice", nullptr}},
-    {2, "25", {"DataAsync", "DataSync"}},
+    {2, "20", {"DataAsync", "DataSync"}}, // for data of every kind
     {4, "13", {"Fax", nullptr}},
 }};
 constexpr unsigned char allClasses = 7;
@@ -54,12 +57,6 @@ _TAPI_RESULT_E ask(const std::string &serviceString, Answer &answer)
 {
     return Daemon::instance().request(
         {supplementaryServices, "Initiate", {Value(serviceString.c_str())}, Deadline::Network}, answer);
-}
-
-_TAPI_RESULT_E tell(const std::string &serviceString)
-{
-    Answer answer;
-    return ask(serviceString, answer);
 }
 
 std::string registration(const Condition &condition, const ServiceClass &serviceClass,
@@ -95,6 +92,44 @@ std::optional<std::string_view> numberIn(const Properties &rules, const ServiceC
         }
     }
     return allTold ? std::optional(std::string_view()) : std::nullopt;
+}
+
+/** The network may tell the number with or without the country's code, or the area's. */
+bool isSameNumber(std::string_view first, std::string_view second)
+{
+    const auto significant = [](std::string_view number) {
+        return number.substr(std::min(number.find_first_not_of("+0"), number.size()));
+    };
+    const std::string_view shorter = significant(first.size() < second.size() ? first : second);
+    const std::string_view longer = significant(first.size() < second.size() ? second : first);
+    return longer.size() >= shorter.size() && longer.substr(longer.size() - shorter.size()) == shorter;
+}
+
+/** Whether each forwarding that the condition names is as it was told to be: on to that number, or off without one. */
+bool isSo(const Properties &rules, const ServiceClass &serviceClass, const Condition &condition,
+          std::string_view number)
+{
+    return std::all_of(condition.names.begin(), condition.names.end(), [&](const char *name) {
+        if (!name)
+            return true;
+        const auto told = numberIn(rules, serviceClass, {nullptr, false, {name}});
+        return told && told->empty() == number.empty() && isSameNumber(*told, number);
+    });
+}
+
+/** Changes forwardings by a service string. A failure when the network's own word is another one afterwards. */
+_TAPI_RESULT_E change(const std::string &serviceString, const Condition &condition,
+                      std::span<const ServiceClass> classes, std::string_view number)
+{
+    Answer answer;
+    const _TAPI_RESULT_E result = ask(serviceString, answer);
+    if (result != TAPI_RESULT_SUCC)
+        return result;
+    const Properties rules = answer.forwardingRules();
+    const bool done = std::all_of(classes.begin(), classes.end(), [&](const ServiceClass &serviceClass) {
+        return isSo(rules, serviceClass, condition, number);
+    });
+    return done ? TAPI_RESULT_SUCC : TAPI_RESULT_FAIL;
 }
 
 } // namespace
@@ -139,9 +174,11 @@ _TAPI_RESULT_E TAPI_CS_DivertCallToNumber(unsigned char enable, unsigned char se
     for (const ServiceClass &oneClass : serviceClasses) {
         if ((serviceClass & oneClass.bit) == 0)
             continue;
+        const bool on = enable == enabled;
         const _TAPI_RESULT_E result =
-            tell(enable == enabled ? registration(conditions[when], oneClass, target, noReplyTimer)
-                                   : erasure(conditions[when], oneClass));
+            change(on ? registration(conditions[when], oneClass, target, noReplyTimer)
+                      : erasure(conditions[when], oneClass),
+                   conditions[when], {&oneClass, 1}, on ? std::string_view(target) : std::string_view());
         if (result != TAPI_RESULT_SUCC)
             return result;
     }
@@ -150,10 +187,11 @@ _TAPI_RESULT_E TAPI_CS_DivertCallToNumber(unsigned char enable, unsigned char se
 
 _TAPI_RESULT_E TAPI_CS_CancelAllVoiceDivert()
 {
-    return tell(erasure(conditions[TAPI_CS_DIVERT_ALL], serviceClasses[0]));
+    const Condition &all = conditions[TAPI_CS_DIVERT_ALL];
+    return change(erasure(all, serviceClasses[0]), all, {serviceClasses.data(), 1}, {});
 }
 
 _TAPI_RESULT_E TAPI_CS_CancelAllDivert()
 {
-    return tell("##002#");
+    return change("##002#", conditions[TAPI_CS_DIVERT_ALL], serviceClasses, {});
 }

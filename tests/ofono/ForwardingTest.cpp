@@ -83,6 +83,18 @@ TEST_F(ForwardingOnOfono, ForwardsEachClassUnderEachCondition)
     }
 }
 
+/** The network keeps the two data services apart, and another phone may have set one of them. */
+TEST_F(ForwardingOnOfono, MeansBothDataServices)
+{
+    const auto services = [] { return Desk::told("AT+CCFC=0,2,,,48"); };
+    Desk::tell("'AT+CCFC=0,3,\"0556\",129,16'");
+    EXPECT_EQ(read(classes[1], TAPI_CS_DIVERT_UNCONDITIONAL), text("0556"));
+    EXPECT_EQ(setup().divertDataCalls(false, TAPI_CS_DIVERT_UNCONDITIONAL, QString()), TAPI_RESULT_SUCC);
+    EXPECT_EQ(services(), "+CCFC: 0,16\n+CCFC: 0,32\nOK\n");
+    EXPECT_EQ(setup().divertDataCalls(true, TAPI_CS_DIVERT_UNCONDITIONAL, text("0555")), TAPI_RESULT_SUCC);
+    EXPECT_EQ(services(), "+CCFC: 1,16,\"0555\",129\n+CCFC: 1,32,\"0555\",129\nOK\n");
+}
+
 TEST_F(ForwardingOnOfono, CombinesConditionsAndCancelsByClass)
 {
     const QString number = text("0555");
