@@ -17,6 +17,12 @@ struct SeenCall {
 };
 
 /**
+ * Tries of a PIN or PUK that the telephony service still tells although an accepted code has brought all of them back:
+ * "pin", "pin2", "puk", "puk2". Each is the card's key with the number plus one in its lowest byte; 0 for none.
+ */
+using OutdatedTries = std::array<std::atomic<std::uint64_t>, 4>;
+
+/**
  * What lies in the shared memory. Every value is atomic for itself, and all zero is how a phone starts, so there is
  * no moment in which another program could see a half of it.
  */
@@ -35,9 +41,10 @@ struct SharedState {
     std::int32_t reserved;
     std::atomic<std::int64_t> looks; ///< how often a program has looked at the calls
     std::array<SeenCall, 8> seenCalls;
+    OutdatedTries outdatedTries;
 };
 static_assert(std::atomic<std::int64_t>::is_always_lock_free);
-static_assert(sizeof(SharedState) == 376);
+static_assert(sizeof(SharedState) == 408);
 
 /**
  * The state of this user: the file `kvq/phone-state` in XDG_RUNTIME_DIR, which only the user may read and which

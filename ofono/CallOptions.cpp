@@ -56,10 +56,10 @@ _TAPI_RESULT_E TAPI_FIXDIALING_GetStatus(unsigned char, unsigned char *on)
     const _TAPI_RESULT_E result = Card::read(card);
     if (result != TAPI_RESULT_SUCC)
         return result;
-    const auto status = card.flag("FixedDialing");
-    if (!status)
-        return TAPI_RESULT_SIM_UNAVAILABLE; // not before the PIN was entered
-    *on = *status ? 1 : 0;
+    const bool status = card.flag("FixedDialing").value_or(false);
+    if (!status && !Card::isKnown(card))
+        return TAPI_RESULT_SIM_UNAVAILABLE; // not read yet
+    *on = status ? 1 : 0;
     return TAPI_RESULT_SUCC;
 }
 
@@ -181,9 +181,30 @@ _TAPI_RESULT_E TAPI_CS_SelectLine(signed char index)
     }
 }
 
-_TAPI_RESULT_E TAPI_CPHS_GetCallDivertStatus(unsigned char *, unsigned char *)
+/** The flag that the card keeps for its one line. The daemon knows it only while the modem is online. */
+_TAPI_RESULT_E TAPI_CPHS_GetCallDivertStatus(unsigned char *line1, unsigned char *line2)
 {
-    return TAPI_RESULT_NOT_SUPPORTED;
+    const OneDeadline deadline;
+    Properties modem;
+    Properties card;
+    Properties forwarding;
+    _TAPI_RESULT_E result = Card::read(card);
+    if (result == TAPI_RESULT_SUCC && !Card::isKnown(card))
+        return TAPI_RESULT_SIM_UNAVAILABLE;
+    if (result == TAPI_RESULT_SUCC)
+        result = Daemon::instance().properties(modemInterface, Deadline::AtHand, modem);
+    if (result == TAPI_RESULT_SUCC && !modem.flag("Online").value_or(false))
+        return TAPI_RESULT_MODEM_OFFLINE;
+    if (result == TAPI_RESULT_SUCC) // the first time the daemon asks the network too
+        result = Daemon::instance().properties(callForwarding, Deadline::Network, forwarding);
+    if (result != TAPI_RESULT_SUCC)
+        return result;
+    const auto flag = forwarding.flag("ForwardingFlagOnSim");
+    if (!flag)
+        return TAPI_RESULT_NOT_SUPPORTED;
+    *line1 = *flag ? 1 : 0;
+    *line2 = 0;
+    return TAPI_RESULT_SUCC;
 }
 
 _TAPI_RESULT_E TAPI_CPHS_GetLineLockStatus(unsigned char *)

@@ -82,7 +82,7 @@ void KeptPin2::keepNoMore()
     }
 }
 
-void KeptPin2::keep(std::string_view pin2)
+void KeptPin2::keep(std::string_view pin2, const Card::Stay &stay)
 {
     const std::scoped_lock lock(m_mutex);
     erase();
@@ -91,6 +91,7 @@ void KeptPin2::keep(std::string_view pin2)
     std::memcpy(m_page, pin2.data(), pin2.size());
     if (m_ended) // just now
         erase();
+    m_stay = stay;
     m_end = now() + keptFor;
     setTimer(m_timer, m_end);
 }
@@ -101,10 +102,10 @@ void KeptPin2::wipe()
     erase();
 }
 
-bool KeptPin2::isKept()
+bool KeptPin2::isKept(const Card::Stay &stay)
 {
     const std::unique_lock lock(m_mutex, std::try_to_lock); // one that is being used is as good as gone
-    return lock && isFresh();
+    return lock && isFresh(stay);
 }
 
 /** False when the system has no thread or timer left. */
@@ -153,6 +154,16 @@ bool KeptPin2::isFresh()
     if (!m_page || m_page[0] == '\0')
         return false;
     if (now() < m_end)
+        return true;
+    erase();
+    return false;
+}
+
+bool KeptPin2::isFresh(const Card::Stay &stay)
+{
+    if (!isFresh())
+        return false;
+    if (m_stay == stay)
         return true;
     erase();
     return false;

@@ -91,12 +91,13 @@ template <typename Change>
 _TAPI_RESULT_E withKeptPin2(Change change)
 {
     Properties card;
-    const _TAPI_RESULT_E read = Card::read(card);
+    Card::Stay stay;
+    const _TAPI_RESULT_E read = Card::read(card, stay);
     if (read != TAPI_RESULT_SUCC)
         return failedBeforeUse(read);
     const Card::Before before = Card::before(card, "pin2");
     _TAPI_RESULT_E result = TAPI_RESULT_PIN2_NEEDED;
-    KeptPin2::instance().with([&](const char *pin2) { result = change(pin2); });
+    KeptPin2::instance().with(stay, [&](const char *pin2) { result = change(pin2); });
     return Card::outcomeOf(result, before);
 }
 

@@ -30,20 +30,19 @@ struct OwnNumbers {
 _TAPI_RESULT_E read(OwnNumbers &own)
 {
     Properties card;
-    const _TAPI_RESULT_E result = Card::read(card);
+    Card::Stay stay;
+    const _TAPI_RESULT_E result = Card::read(card, stay);
     if (result != TAPI_RESULT_SUCC)
         return result;
-    const auto numbers = card.texts("SubscriberNumbers");
-    const auto identity = card.text("CardIdentifier");
-    if (!numbers)
-        return TAPI_RESULT_SIM_UNAVAILABLE; // not before the PIN was entered
-    own.card = identity ? *identity : card.text("SubscriberIdentity").value_or("");
-    own.numbers = *numbers;
+    if (!Card::areOwnNumbersKnown(card, stay))
+        return TAPI_RESULT_SIM_UNAVAILABLE; // an empty list may be one that was not read yet
+    own.card = stay.card;
+    own.numbers = card.texts("SubscriberNumbers").value_or(Texts());
     own.numbers.resize(std::min(own.numbers.size(), mostRecords));
     return TAPI_RESULT_SUCC;
 }
 
-/** The daemon answers before the new list can be read, so it is waited for. */
+/** The daemon answers before the card's new list can be read, so all of it is waited for. */
 _TAPI_RESULT_E write(const Texts &numbers)
 {
     const _TAPI_RESULT_E result = Daemon::instance().setProperty(simManager, "SubscriberNumbers", &numbers);
@@ -51,8 +50,8 @@ _TAPI_RESULT_E write(const Texts &numbers)
         return result;
     const bool there = Daemon::waitUntil(
         [&] {
-            OwnNumbers now;
-            return read(now) == TAPI_RESULT_SUCC && now.numbers == numbers;
+            Properties card;
+            return Card::read(card) == TAPI_RESULT_SUCC && card.texts("SubscriberNumbers") == numbers;
         },
         Daemon::lengthOf(Deadline::AtHand));
     return there ? TAPI_RESULT_SUCC : TAPI_RESULT_TIMED_OUT;
@@ -96,6 +95,9 @@ _TAPI_RESULT_E TAPI_OWNNUMBER_GetEntry(unsigned short firstIndex, unsigned short
     const _TAPI_RESULT_E result = read(own);
     if (result != TAPI_RESULT_SUCC)
         return result;
+    // Who asks for none has counted before the numbers were known, and would take it that the card holds none.
+    if (count == 0 && !own.numbers.empty())
+        return TAPI_RESULT_SIM_UNAVAILABLE;
     for (unsigned short offset = 0; offset < count; ++offset) {
         const std::size_t record = static_cast<std::size_t>(firstIndex) + offset;
         _TAPI_OWNNUMBER_ENTRY_S entry = {};

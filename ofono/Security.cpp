@@ -57,13 +57,15 @@ _TAPI_RESULT_E askCard(const char *method, std::vector<Argument> arguments)
         {simManager, method, std::move(arguments), Deadline::Network, {}, true});
 }
 
-/** Locking what is locked, and unlocking what is not, changes nothing but has the card look at the PIN. */
+/**
+ * Locking what is locked changes nothing but has the card look at the PIN. A lock that is not listed may be on all the
+ * same: the daemon learns of it only from some drivers. So nothing is tried then.
+ */
 _TAPI_RESULT_E checkPin1(const Properties &card, const PinText &pin)
 {
-    if (!card.texts("LockedPins"))
-        return TAPI_RESULT_SIM_UNAVAILABLE; // a guess might unlock it
-    const char *const method = card.has("LockedPins", "pin") ? "LockPin" : "UnlockPin";
-    return askCard(method, {Value("pin"), Value(pin.text())});
+    if (!card.has("LockedPins", "pin"))
+        return TAPI_RESULT_NOT_SUPPORTED;
+    return askCard("LockPin", {Value("pin"), Value(pin.text())});
 }
 
 _TAPI_RESULT_E enterOrCheck(const char *kind, const Properties &card, const PinText &pin)
@@ -97,9 +99,12 @@ _TAPI_RESULT_E verify(const char *kind, const PinText &pin)
 _TAPI_RESULT_E verifyPin2(const PinText &pin)
 {
     KeptPin2::instance().wipe();
+    Properties card;
+    Card::Stay stay; // before the card takes it: one that was pulled since then is another one
+    Card::read(card, stay);
     const _TAPI_RESULT_E result = verify("pin2", pin);
     if (result == TAPI_RESULT_SUCC)
-        KeptPin2::instance().keep(pin.text());
+        KeptPin2::instance().keep(pin.text(), stay);
     return result;
 }
 
@@ -169,7 +174,7 @@ _TAPI_RESULT_E TAPI_SECURITY_SetPinStatus(_TAPI_SECURITY_PIN_TYPE_E type, TAPI_P
     const _TAPI_RESULT_E result = withPin("pin", [&](const Properties &) {
         return askCard(on == 1 ? "LockPin" : "UnlockPin", {Value("pin"), Value(text.text())});
     });
-    if (result == TAPI_RESULT_SUCC) // checkPin1() must not go by what has been
+    if (result == TAPI_RESULT_SUCC) // who asks next must not hear what has been
         Daemon::waitUntil(
             [on] {
                 Properties card;
@@ -179,15 +184,16 @@ _TAPI_RESULT_E TAPI_SECURITY_SetPinStatus(_TAPI_SECURITY_PIN_TYPE_E type, TAPI_P
     return result;
 }
 
+/** The daemon's list tells of a lock that is on. Without an entry the lock may be off, or not known to it. */
 _TAPI_RESULT_E TAPI_SECURITY_GetPin1Status(unsigned char, unsigned char *status)
 {
     Properties card;
     const _TAPI_RESULT_E result = Card::read(card);
     if (result != TAPI_RESULT_SUCC)
         return result;
-    if (!card.texts("LockedPins"))
-        return TAPI_RESULT_SIM_UNAVAILABLE; // not known yet
-    *status = card.has("LockedPins", "pin") ? 1 : 0;
+    if (!card.has("LockedPins", "pin"))
+        return Card::isKnown(card) ? TAPI_RESULT_NOT_SUPPORTED : TAPI_RESULT_SIM_UNAVAILABLE;
+    *status = 1;
     return TAPI_RESULT_SUCC;
 }
 
@@ -199,11 +205,14 @@ _TAPI_RESULT_E TAPI_SECURITY_GetAnyPinStatus(_TAPI_SECURITY_PIN_TYPE_E type,
     if (!kind)
         return withoutKind(type);
     Properties card;
-    const _TAPI_RESULT_E result = Card::read(card);
+    Card::Stay stay;
+    const _TAPI_RESULT_E result = Card::read(card, stay);
     if (result != TAPI_RESULT_SUCC)
         return result;
-    const bool open = type == TAPI_SECURITY_PIN2 ? KeptPin2::instance().isKept()
-                                                 : card.text("PinRequired").value_or("") != kind->pin;
+    const std::string_view required = card.text("PinRequired").value_or("none");
+    if (!Card::isKnown(card) && required == "none")
+        return TAPI_RESULT_SIM_UNAVAILABLE; // not read yet
+    const bool open = type == TAPI_SECURITY_PIN2 ? KeptPin2::instance().isKept(stay) : required != kind->pin;
     if (Card::isBlocked(card, kind->pin))
         *status = TAPI_SECURITY_PIN_STATUS_BLOCKED;
     else

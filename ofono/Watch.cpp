@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
+#include <utility>
 
 #include <systemd/sd-bus.h>
 
@@ -13,7 +15,7 @@ namespace {
 using std::chrono::milliseconds;
 
 /** Everything that the daemon tells, and that it has come or gone itself. */
-constexpr std::array<const char *, 2> rules = {
+constexpr std::array<const char *, 2> allRules = {
     "type='signal',sender='org.ofono'",
     "type='signal',sender='org.freedesktop.DBus',member='NameOwnerChanged',arg0='org.ofono'",
 };
@@ -21,6 +23,11 @@ constexpr std::array<const char *, 2> rules = {
 } // namespace
 
 Watch::Watch(Time end)
+    : Watch(end, allRules)
+{
+}
+
+Watch::Watch(Time end, std::span<const char *const> rules)
     : m_bus(Handset::BusConnection::Bus::System)
 {
     const auto noteAnswer = [](sd_bus_message *answer, void *place, sd_bus_error *) {
@@ -41,7 +48,7 @@ Watch::Watch(Time end)
     }
     // The requests go by another connection, so the bus has to say that it has taken the rules.
     if (result >= 0)
-        result = m_bus.serveUntil([this] { return m_heard.answeredRules == rules.size(); }, end);
+        result = m_bus.serveUntil([&] { return m_heard.answeredRules == rules.size(); }, end);
     if (result < 0 || m_heard.refused)
         m_bus.close();
 }
@@ -53,6 +60,18 @@ bool Watch::waitForChange(Time end)
         return false;
     m_bus.tidy(); // one look serves all the changes that have been heard by now
     return true;
+}
+
+std::optional<bool> Watch::hasHeard()
+{
+    const auto nothingIsEnough = [] { return false; };
+    if (!m_bus.get())
+        return std::nullopt;
+    if (m_bus.serveUntil(nothingIsEnough, std::chrono::steady_clock::now()) != -ETIMEDOUT) {
+        m_bus.close();
+        return std::nullopt;
+    }
+    return std::exchange(m_heard.changed, false);
 }
 
 } // namespace Ofono

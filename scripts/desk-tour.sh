@@ -53,7 +53,8 @@ modem .ring 5551234
 phone cancelAllVoiceCallsDiverts
 phone getVoiceCallsDivert unconditional
 
-say "3. A wrong PIN costs a try, the right one gives it back."
+say "3. The lock of the SIM is switched on; a wrong PIN costs a try, the right one gives it back."
+phone enablePin1 1234
 phone setupVerifySimPin 0000
 modem AT+CPINR
 phone setupVerifySimPin 1234

@@ -22,6 +22,16 @@ std::string folder()
     return named ? named : "";
 }
 
+std::string outputOf(const std::string &command)
+{
+    const std::unique_ptr<std::FILE, int (*)(std::FILE *)> output(popen(command.c_str(), "r"), pclose);
+    std::string answer;
+    std::array<char, 4096> buffer = {};
+    while (output && std::fgets(buffer.data(), buffer.size(), output.get()))
+        answer += buffer.data();
+    return answer;
+}
+
 } // namespace
 
 bool isThere()
@@ -37,6 +47,11 @@ void script(const std::string &command)
 void tell(const std::string &command)
 {
     script("tell " + command);
+}
+
+std::string told(const std::string &command)
+{
+    return outputOf(KVQ_DESK_SCRIPT " tell " + command);
 }
 
 pid_t idOf(const char *program)
@@ -62,15 +77,9 @@ void end(const char *program, int signal)
 
 std::string byHand(const std::string &arguments)
 {
-    const std::string command = "dbus-send --bus=\"$DBUS_SYSTEM_BUS_ADDRESS\" --print-reply=literal "
-                                "--reply-timeout=30000 --dest=org.ofono "
-        + arguments + " 2>/dev/null";
-    const std::unique_ptr<std::FILE, int (*)(std::FILE *)> output(popen(command.c_str(), "r"), pclose);
-    std::string answer;
-    std::array<char, 4096> buffer = {};
-    while (output && std::fgets(buffer.data(), buffer.size(), output.get()))
-        answer += buffer.data();
-    return answer;
+    return outputOf("dbus-send --bus=\"$DBUS_SYSTEM_BUS_ADDRESS\" --print-reply=literal "
+                    "--reply-timeout=30000 --dest=org.ofono "
+                    + arguments + " 2>/dev/null");
 }
 
 bool becomes(const std::function<bool()> &isSo)

@@ -25,6 +25,8 @@ bool isThere();
 void script(const std::string &command);
 /** A command of the modem's prompt. */
 void tell(const std::string &command);
+/** The same, and what it shows. */
+std::string told(const std::string &command);
 
 /** The process id of "bus", "modem" or "daemon". */
 pid_t idOf(const char *program);

@@ -360,6 +360,32 @@ TEST_F(NonsenseOnOfono, DoesNoHarm)
     EXPECT_EQ(id, TAPI_CALL_RESTRICT_ID_INVOKE);
 }
 
+/** Nothing tells whether the card holds no own numbers or was not read yet, so time must pass; for each card anew. */
+TEST_F(NonsenseOnOfono, TakesAnEmptyListForKnownOnlyWhenTheCardHasBeenThereForAWhile)
+{
+    std::atomic<bool> readAnew = false;
+    const FakeDaemon daemon(withOneModem([&](std::string_view, sd_bus_message *answer) {
+        if (readAnew.exchange(false))
+            sd_bus_emit_signal(sd_bus_message_get_bus(answer), "/phone", "org.ofono.SimManager",
+                               "PropertyChanged", "sv", "SubscriberIdentity", "s", "001010123456789");
+        sd_bus_message_append(answer, "a{sv}", 3, "Present", "b", 1, "SubscriberIdentity", "s",
+                              "001010123456789", "SubscriberNumbers", "as", 0);
+    }));
+    PHONE_ENG_TAPI_initiation();
+    const auto becomes = [this](_TAPI_RESULT_E wanted) {
+        QStringList numbers;
+        return Desk::becomes([&] { return setup().getMyNumberList(numbers) == wanted; });
+    };
+    EXPECT_GE(Desk::secondsOf([&] {
+                  EXPECT_TRUE(becomes(TAPI_RESULT_SIM_UNAVAILABLE));
+                  EXPECT_TRUE(becomes(TAPI_RESULT_SUCC));
+              }),
+              0.1);
+    readAnew = true;
+    EXPECT_TRUE(becomes(TAPI_RESULT_SIM_UNAVAILABLE));
+    EXPECT_TRUE(becomes(TAPI_RESULT_SUCC));
+}
+
 /** Calls end, and many programs notice it at the same time: each call is added to the total, and once. */
 TEST_F(PlentyOnOfono, AddsTheTimeOfEachCallOnce)
 {
@@ -495,22 +521,39 @@ TEST_F(PlentyOnOfono, FillsOnlyWhatHasRoom)
 }
 
 /** An answer that does not tell of a forwarding is no answer, whatever else it tells. */
-TEST_F(PlentyOnOfono, TakesNoSilenceForAForwardingThatIsOff)
+TEST_F(PlentyOnOfono, BelievesOnlyWhatTheNetworkTellsOfAForwarding)
 {
     const char *named = "VoiceBusy";
+    const char *number = "";
     const FakeDaemon daemon(withOneModem([&](std::string_view method, sd_bus_message *answer) {
         if (method == "Initiate")
             sd_bus_message_append(answer, "sv", "CallForwarding", "(ssa{sv})", "interrogation", "Busy", 1,
-                                  named, "s", "");
+                                  named, "s", number);
         else
             sd_bus_message_append(answer, "a{sv}", 1, "Present", "b", 1);
     }));
-    const auto read = [this] {
-        bool active = true;
-        QString number;
-        return setup().getVoiceCallsDivert(active, number, TAPI_CS_DIVERT_BUSY);
+    struct Case {
+        const char *named;
+        const char *number;
+        _TAPI_RESULT_E read;
+        _TAPI_RESULT_E set; ///< to 0170555
+        _TAPI_RESULT_E erased;
     };
-    EXPECT_EQ(read(), TAPI_RESULT_SUCC);
-    named = "FaxBusy";
-    EXPECT_EQ(read(), TAPI_RESULT_FAIL);
+    constexpr _TAPI_RESULT_E done = TAPI_RESULT_SUCC;
+    constexpr _TAPI_RESULT_E failed = TAPI_RESULT_FAIL;
+    for (const Case &one : {Case{"VoiceBusy", "", done, failed, done},
+                            {"FaxBusy", "", failed, failed, failed},
+                            {"VoiceBusy", "0170555", done, done, failed},
+                            {"VoiceBusy", "+49170555", done, done, failed},
+                            {"VoiceBusy", "0170556", done, failed, failed},
+                            {"FaxBusy", "0170555", failed, failed, failed}}) {
+        SCOPED_TRACE(std::string(one.named) + ' ' + one.number);
+        named = one.named;
+        number = one.number;
+        bool active = true;
+        QString told;
+        EXPECT_EQ(setup().getVoiceCallsDivert(active, told, TAPI_CS_DIVERT_BUSY), one.read);
+        EXPECT_EQ(setup().divertVoiceCalls(true, TAPI_CS_DIVERT_BUSY, text("0170555")), one.set);
+        EXPECT_EQ(setup().divertVoiceCalls(false, TAPI_CS_DIVERT_BUSY, QString()), one.erased);
+    }
 }

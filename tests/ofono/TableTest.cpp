@@ -6,7 +6,6 @@
 #include "PHONE_Msg.h"
 #include "QCopChannel.h"
 #include "SETUP_Utility.h"
-#include "TAPI_CPHS.h"
 #include "TAPI_CS.h"
 #include "TAPI_FIXDIALING.h"
 #include "TAPI_FTRDB.h"
@@ -53,7 +52,6 @@ TEST_F(SettingsOnOfono, AnswersForTheCardAndTheNetworks)
     EXPECT_EQ(line, 0); // the first
     EXPECT_EQ(TAPI_CS_SelectLine(0), done);
     unsigned short range = 0;
-    EXPECT_EQ(TAPI_CPHS_GetCallDivertStatus(&byte, &byte), missing);
     EXPECT_EQ(TAPI_OWNNUMBER_GetExtRange(&range), missing);
     EXPECT_EQ(TAPI_SECURITY_GetUsimList(&byte, 0, nullptr), missing);
 
