@@ -4,6 +4,7 @@
 #include "PHONE_ENG_WrapTapi.h"
 
 #include "SETUP_Utility.h"
+#include "TAPI_SECURITY.h"
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -236,6 +237,53 @@ void anOwnNumberIsKept()
         });
 }
 
+/** The numbers of all records, their names aside. */
+QStringList ownNumbers()
+{
+    QStringList list;
+    answered(setup().getMyNumberList(list));
+    QStringList numbers;
+    for (int entry = 1; entry < list.size(); entry += 2)
+        numbers += list.at(entry);
+    return numbers;
+}
+
+void writingANumberLeavesTheOthers()
+{
+    openSession();
+    const QStringList before = ownNumbers();
+    if (before.size() < 2)
+        leave("the card holds fewer than two own numbers");
+    QString name;
+    QString ignored;
+    QString number;
+    answered(setup().getMyNumber(number, name, ignored, ignored));
+    answered(setup().setMyNumber(1, QStringLiteral("5550002"), name));
+    const QStringList set = ownNumbers();
+    answered(setup().setMyNumber(1, number, name));
+    expect(set.size() == before.size() && set.mid(1) == before.mid(1),
+           "the others are " + set.mid(1).join(QLatin1Char(' ')).toStdString());
+    expect(ownNumbers() == before, "could not be put back");
+}
+
+/** A guessed PIN would cost a try, and a PIN among the arguments could be read by everybody. */
+void verifyingAPinChangesNoLock()
+{
+    const QString pin = qEnvironmentVariable("KVQ_PIN");
+    if (pin.isEmpty())
+        leave("KVQ_PIN does not name the PIN of the card");
+    openSession();
+    const auto lock = [] {
+        unsigned char status = 0;
+        const _TAPI_RESULT_E result = TAPI_SECURITY_GetPin1Status(1, &status);
+        return std::pair(result, status);
+    };
+    const auto before = lock();
+    const _TAPI_RESULT_E verified = setup().setupVerifySimPin(pin);
+    expect(lock() == before, "the request for PIN1 is another one afterwards");
+    answered(verified);
+}
+
 void aPreferredNetworkIsKept()
 {
     openSession();
@@ -282,6 +330,8 @@ std::vector<Check> writeChecks()
         {"device", "the text telephone mode", theTextTelephoneModeIsKept},
         {"lines", "the selected line", theSelectedLineIsKept},
         {"SIM", "the number and name of line 1", anOwnNumberIsKept},
+        {"SIM", "the other numbers when one is written", writingANumberLeavesTheOthers},
+        {"SIM", "the lock when a PIN is verified", verifyingAPinChangesNoLock},
         onOff("the service tone", &Net::getServiceTone, &Net::setServiceTone),
         {"network", "the search speed", theSearchSpeedIsKept},
         {"network", "a preferred network", aPreferredNetworkIsKept},
