@@ -27,7 +27,7 @@ Rectangle {
     visible: ringing
     color: Theme.accentSoft
     Accessible.role: Accessible.AlertMessage
-    Accessible.name: title.text + " " + caller.text
+    Accessible.name: Plain.shown(title.text + " " + caller.text)
 
     // What is below it takes no tap that misses a button.
     MouseArea {
@@ -57,21 +57,21 @@ Rectangle {
             Column {
                 width: parent.width - sign.width - parent.spacing
 
-                Text {
+                PlainText {
                     id: title
 
                     width: parent.width
-                    text: qsTr("Incoming call")
+                    words: qsTr("Incoming call")
                     font.pixelSize: Theme.small
                     color: Theme.accentSoftInk
                     Accessible.ignored: true
                 }
 
-                Text {
+                PlainText {
                     id: caller
 
                     width: parent.width
-                    text: call.number !== "" ? call.number : qsTr("Unknown number")
+                    words: call.number !== "" ? call.number : qsTr("Unknown number")
                     font.pixelSize: Theme.title
                     font.weight: Font.DemiBold
                     color: Theme.accentSoftInk

@@ -53,7 +53,7 @@ Item {
                 symbol: "grip"
                 ink: Theme.quiet
                 text: qsTr("Move %1").arg(content.label)
-                Accessible.description: qsTr("Place %1. Control and an arrow key move it.").arg(row.index + 1)
+                Accessible.description: Plain.shown(qsTr("Place %1. Control and an arrow key move it.").arg(row.index + 1))
 
                 Keys.onPressed: event => {
                     const by = event.key === Qt.Key_Up ? -1 : event.key === Qt.Key_Down ? 1 : 0;

@@ -2,6 +2,7 @@
 import QtQuick
 import QtQuick.Layouts
 import QtQuick.Templates as T
+import Kvq.Settings.Controls
 
 SettingRow {
     id: row
@@ -64,7 +65,7 @@ SettingRow {
                     checked: current
 
                     Accessible.role: Accessible.RadioButton
-                    Accessible.name: modelData.text
+                    Accessible.name: Plain.shown(modelData.text)
                     Accessible.checkable: true
                     Accessible.checked: current
                     Keys.onReturnPressed: option.clicked()
@@ -88,9 +89,9 @@ SettingRow {
                             on: option.current
                         }
 
-                        Text {
+                        PlainText {
                             Layout.fillWidth: true
-                            text: option.modelData.text
+                            words: option.modelData.text
                             font.pixelSize: Theme.body
                             color: Theme.text
                             wrapMode: Text.Wrap

@@ -20,7 +20,7 @@ Item {
     implicitHeight: visible ? layout.implicitHeight + Theme.unit + 4 : 0
     visible: shown !== ""
     Accessible.role: Accessible.AlertMessage
-    Accessible.name: shown
+    Accessible.name: Plain.shown(shown)
     Accessible.ignored: !visible
 
     Binding {
@@ -60,9 +60,9 @@ Item {
                 side: 18
             }
 
-            Text {
+            PlainText {
                 width: parent.width - sign.width - parent.spacing
-                text: line.shown
+                words: line.shown
                 font.pixelSize: Theme.small
                 lineHeight: 1.15
                 color: Theme.danger

@@ -1,6 +1,7 @@
 // A line of text to type into, with its label above.
 import QtQuick
 import QtQuick.Templates as T
+import Kvq.Settings.Controls
 
 Column {
     id: field
@@ -36,10 +37,10 @@ Column {
     width: parent ? parent.width : implicitWidth
     spacing: Theme.unit / 2
 
-    Text {
+    PlainText {
         width: parent.width
         visible: text !== ""
-        text: field.label
+        words: field.label
         font.pixelSize: Theme.small
         color: Theme.quiet
         wrapMode: Text.Wrap
@@ -67,20 +68,20 @@ Column {
         validator: field.digits ? digitsOnly : field.number ? dialable : null
 
         Accessible.role: Accessible.EditableText
-        Accessible.name: field.label !== "" ? field.label : field.hint
+        Accessible.name: Plain.shown(field.label !== "" ? field.label : field.hint)
         Accessible.passwordEdit: field.masked
         // Qt tells no name of what is masked.
-        Accessible.description: field.label !== "" && input.Accessible.name === "" ? field.label : ""
+        Accessible.description: Plain.shown(input.Accessible.name === "" ? field.label : "")
 
         onAccepted: field.accepted()
 
-        Text {
+        PlainText {
             // Beside the cursor, not under it.
             x: parent.leftPadding + 3
             width: parent.width - x - parent.rightPadding
             anchors.verticalCenter: parent.verticalCenter
             visible: input.text === "" && input.preeditText === ""
-            text: field.hint
+            words: field.hint
             font.pixelSize: Theme.body
             color: Theme.quiet
             elide: Text.ElideRight

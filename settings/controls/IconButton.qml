@@ -1,6 +1,7 @@
 // A round button that shows a symbol; its words are read aloud.
 import QtQuick
 import QtQuick.Templates as T
+import Kvq.Settings.Controls
 
 T.Button {
     id: button
@@ -15,7 +16,7 @@ T.Button {
     padding: 0
     opacity: enabled ? 1 : 0.45
 
-    Accessible.name: text
+    Accessible.name: Plain.shown(text)
     Keys.onReturnPressed: button.clicked()
     Keys.onEnterPressed: button.clicked()
 

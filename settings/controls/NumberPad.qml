@@ -1,6 +1,7 @@
 // Twelve keys. One stop for the tabulator key; inside, the arrow keys move.
 import QtQuick
 import QtQuick.Templates as T
+import Kvq.Settings.Controls
 
 Grid {
     id: pad
@@ -57,7 +58,7 @@ Grid {
             autoRepeat: sign === "<"
             activeFocusOnTab: pad.stop === index
 
-            Accessible.name: sign === "<" ? qsTr("Delete the last digit") : sign
+            Accessible.name: sign === "<" ? qsTr("Delete the last digit") : Plain.shown(sign)
             Accessible.ignored: sign === ""
             Keys.onLeftPressed: pad.move(index, -1)
             Keys.onRightPressed: pad.move(index, 1)
@@ -108,18 +109,18 @@ Grid {
                     anchors.centerIn: parent
                     visible: key.sign !== "<"
 
-                    Text {
+                    PlainText {
                         anchors.horizontalCenter: parent.horizontalCenter
-                        text: key.sign
+                        words: key.sign
                         font.pixelSize: Theme.title
                         color: Theme.text
                         Accessible.ignored: true
                     }
 
-                    Text {
+                    PlainText {
                         anchors.horizontalCenter: parent.horizontalCenter
                         visible: text !== ""
-                        text: key.modelData[1]
+                        words: key.modelData[1]
                         font.pixelSize: Theme.small
                         font.letterSpacing: 1
                         color: Theme.quiet

@@ -26,13 +26,13 @@ Item {
         onClicked: header.wentBack()
     }
 
-    Text {
+    PlainText {
         id: name
 
         anchors.verticalCenter: parent.verticalCenter
         x: back.visible ? back.x + back.width + Theme.unit / 2 : header.indent
         width: header.width - x - mark.width - Theme.margin
-        text: header.title
+        words: header.title
         font.pixelSize: Theme.title
         font.weight: Font.DemiBold
         color: Theme.text

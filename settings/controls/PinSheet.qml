@@ -102,10 +102,10 @@ Sheet {
             onAccepted: sheet.accept()
         }
 
-        Text {
+        PlainText {
             width: parent.width
             visible: sheet.prompts.length > 1
-            text: qsTr("Step %1 of %2").arg(sheet.step + 1).arg(sheet.prompts.length)
+            words: qsTr("Step %1 of %2").arg(sheet.step + 1).arg(sheet.prompts.length)
             font.pixelSize: Theme.small
             color: Theme.quiet
             wrapMode: Text.Wrap

@@ -1,6 +1,7 @@
 // A button with words: quiet by default, filled for what the screen is there for, red for what cannot be undone.
 import QtQuick
 import QtQuick.Templates as T
+import Kvq.Settings.Controls
 
 T.Button {
     id: button
@@ -28,7 +29,7 @@ T.Button {
     font.pixelSize: Theme.body
     font.weight: Font.Medium
 
-    Accessible.name: text
+    Accessible.name: Plain.shown(text)
     Keys.onReturnPressed: button.clicked()
     Keys.onEnterPressed: button.clicked()
 

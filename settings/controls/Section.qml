@@ -12,11 +12,11 @@ Column {
     width: parent ? parent.width : implicitWidth
     spacing: Theme.unit
 
-    Text {
+    PlainText {
         x: Theme.margin
         width: parent.width - 2 * Theme.margin
         visible: text !== ""
-        text: section.heading
+        words: section.heading
         font.pixelSize: Theme.small
         font.weight: Font.DemiBold
         color: Theme.quiet
@@ -39,11 +39,11 @@ Column {
         }
     }
 
-    Text {
+    PlainText {
         x: Theme.margin
         width: parent.width - 2 * Theme.margin
         visible: text !== ""
-        text: section.note
+        words: section.note
         font.pixelSize: Theme.small
         lineHeight: 1.15
         color: Theme.quiet

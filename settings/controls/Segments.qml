@@ -1,6 +1,7 @@
 // One of two to four values, all in view.
 import QtQuick
 import QtQuick.Templates as T
+import Kvq.Settings.Controls
 
 Column {
     id: segments
@@ -17,12 +18,12 @@ Column {
     width: parent ? parent.width : implicitWidth
     spacing: Theme.unit / 2
     Accessible.role: Accessible.Grouping
-    Accessible.name: label
+    Accessible.name: Plain.shown(label)
 
-    Text {
+    PlainText {
         width: parent.width
         visible: segments.labelled
-        text: segments.label
+        words: segments.label
         font.pixelSize: Theme.small
         color: Theme.quiet
         wrapMode: Text.Wrap
@@ -58,7 +59,7 @@ Column {
                     checked: current
 
                     Accessible.role: Accessible.RadioButton
-                    Accessible.name: modelData.text
+                    Accessible.name: Plain.shown(modelData.text)
                     Accessible.checkable: true
                     Accessible.checked: current
                     Keys.onReturnPressed: segment.clicked()
@@ -71,8 +72,8 @@ Column {
                         segments.picked(modelData.value);
                     }
 
-                    contentItem: Text {
-                        text: segment.modelData.text
+                    contentItem: PlainText {
+                        words: segment.modelData.text
                         font.pixelSize: Theme.body
                         font.weight: segment.current ? Font.DemiBold : Font.Normal
                         color: segment.current ? Theme.accentSoftInk : Theme.text

@@ -2,6 +2,7 @@
 import QtQuick
 import QtQuick.Layouts
 import QtQuick.Templates as T
+import Kvq.Settings.Controls
 
 FocusScope {
     id: row
@@ -86,8 +87,8 @@ FocusScope {
     implicitWidth: 320
     Accessible.ignored: pressable
     Accessible.role: role
-    Accessible.name: label
-    Accessible.description: spoken
+    Accessible.name: Plain.shown(label)
+    Accessible.description: Plain.shown(spoken)
     implicitHeight: stack.implicitHeight
 
     Rectangle {
@@ -126,8 +127,8 @@ FocusScope {
 
             Accessible.ignored: !row.pressable
             Accessible.role: row.role
-            Accessible.name: row.label
-            Accessible.description: row.spoken
+            Accessible.name: Plain.shown(row.label)
+            Accessible.description: Plain.shown(row.spoken)
             Accessible.checkable: row.checkable
             Accessible.checked: row.checked && row.known
             Accessible.selected: row.selected
@@ -158,11 +159,11 @@ FocusScope {
                     Layout.fillWidth: true
                     spacing: 2
 
-                    Text {
+                    PlainText {
                         id: name
 
                         Layout.fillWidth: true
-                        text: row.label
+                        words: row.label
                         font.pixelSize: row.large ? Theme.title : Theme.body
                         font.weight: row.large ? Font.DemiBold : Font.Normal
                         color: row.ink
@@ -170,20 +171,20 @@ FocusScope {
                         Accessible.ignored: true
                     }
 
-                    Text {
+                    PlainText {
                         Layout.fillWidth: true
                         visible: line.stacked && row.known
-                        text: row.value
+                        words: row.value
                         font.pixelSize: Theme.body
                         color: Theme.quiet
                         wrapMode: Text.Wrap
                         Accessible.ignored: true
                     }
 
-                    Text {
+                    PlainText {
                         Layout.fillWidth: true
                         visible: row.description !== ""
-                        text: row.description
+                        words: row.description
                         font.pixelSize: Theme.small
                         lineHeight: 1.1
                         color: Theme.quiet
@@ -216,11 +217,11 @@ FocusScope {
                     color: Theme.placeholder
                 }
 
-                Text {
+                PlainText {
                     id: ending
 
                     visible: row.value !== "" && row.known && !line.stacked
-                    text: row.value
+                    words: row.value
                     font.pixelSize: Theme.body
                     color: Theme.quiet
                     Accessible.ignored: true

@@ -1,5 +1,6 @@
 // A page: its header, and sections that scroll below it. The arrow keys move from control to control.
 import QtQuick
+import Kvq.Settings.Controls
 
 FocusScope {
     id: page
@@ -79,7 +80,7 @@ FocusScope {
     }
 
     Accessible.role: Accessible.Pane
-    Accessible.name: title
+    Accessible.name: Plain.shown(title)
     Keys.onUpPressed: step(false)
     Keys.onDownPressed: step(true)
     Keys.onPressed: event => {

@@ -1,6 +1,7 @@
 // Asks for what must be asked: from the bottom edge on a phone, in the middle where there is room.
 import QtQuick
 import QtQuick.Templates as T
+import Kvq.Settings.Controls
 
 T.Popup {
     id: sheet
@@ -89,7 +90,7 @@ T.Popup {
     // What a sheet asks for stands in it, so it is made at once.
     contentItem: Item { // qmllint disable deferred-property-id
         Accessible.role: Accessible.Dialog
-        Accessible.name: sheet.title
+        Accessible.name: Plain.shown(sheet.title)
 
         ScrollArea {
             id: scroll
@@ -107,9 +108,9 @@ T.Popup {
                 width: scroll.width - Theme.unit - Theme.unit / 2
                 spacing: Theme.margin
 
-                Text {
+                PlainText {
                     width: parent.width
-                    text: sheet.title
+                    words: sheet.title
                     font.pixelSize: Theme.title
                     font.weight: Font.DemiBold
                     color: Theme.text
@@ -118,10 +119,10 @@ T.Popup {
                     Accessible.name: text
                 }
 
-                Text {
+                PlainText {
                     width: parent.width
                     visible: text !== ""
-                    text: sheet.text
+                    words: sheet.text
                     font.pixelSize: Theme.body
                     color: Theme.quiet
                     wrapMode: Text.Wrap
@@ -134,7 +135,7 @@ T.Popup {
                     visible: sheet.failure !== ""
                     spacing: Theme.unit
                     Accessible.role: Accessible.AlertMessage
-                    Accessible.name: sheet.failure
+                    Accessible.name: Plain.shown(sheet.failure)
 
                     Icon {
                         id: sign
@@ -144,9 +145,9 @@ T.Popup {
                         side: 18
                     }
 
-                    Text {
+                    PlainText {
                         width: parent.width - sign.width - parent.spacing
-                        text: sheet.failure
+                        words: sheet.failure
                         font.pixelSize: Theme.small
                         lineHeight: 1.15
                         color: Theme.danger

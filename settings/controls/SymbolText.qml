@@ -5,14 +5,14 @@ Item {
     id: whole
 
     property string symbol
-    property alias text: words.text
-    property alias font: words.font
+    property alias text: sentence.words
+    property alias font: sentence.font
     property color ink: Theme.text
 
     readonly property real signWidth: sign.visible ? sign.width + line.spacing : 0
 
-    implicitWidth: words.implicitWidth + signWidth
-    implicitHeight: Math.max(sign.height, words.implicitHeight)
+    implicitWidth: sentence.implicitWidth + signWidth
+    implicitHeight: Math.max(sign.height, sentence.implicitHeight)
 
     Row {
         id: line
@@ -30,8 +30,8 @@ Item {
             side: 20
         }
 
-        Text {
-            id: words
+        PlainText {
+            id: sentence
 
             anchors.verticalCenter: parent.verticalCenter
             width: Math.min(implicitWidth, whole.width - whole.signWidth)

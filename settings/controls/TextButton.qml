@@ -1,6 +1,7 @@
 // A button that is only words, for the second thing to do.
 import QtQuick
 import QtQuick.Templates as T
+import Kvq.Settings.Controls
 
 T.Button {
     id: button
@@ -14,12 +15,12 @@ T.Button {
     font.weight: Font.DemiBold
     opacity: enabled ? 1 : 0.45
 
-    Accessible.name: text
+    Accessible.name: Plain.shown(text)
     Keys.onReturnPressed: button.clicked()
     Keys.onEnterPressed: button.clicked()
 
-    contentItem: Text {
-        text: button.text
+    contentItem: PlainText {
+        words: button.text
         font: button.font
         color: button.ink
         horizontalAlignment: Text.AlignHCenter

@@ -1,6 +1,7 @@
 // Something that happens to the phone.
 import QtQuick
 import QtQuick.Templates as T
+import Kvq.Settings.Controls
 
 T.Button {
     id: button
@@ -11,12 +12,12 @@ T.Button {
     font.family: Paper.font
     font.pixelSize: Paper.size
 
-    Accessible.name: text
+    Accessible.name: Plain.shown(text)
     Keys.onReturnPressed: button.clicked()
     Keys.onEnterPressed: button.clicked()
 
-    contentItem: Text {
-        text: button.text
+    contentItem: PlainText {
+        words: button.text
         font: button.font
         color: button.checked ? Paper.markInk : Paper.ink
         wrapMode: Text.Wrap

@@ -1,5 +1,6 @@
 // One of a few.
 import QtQuick
+import Kvq.Settings.Controls
 
 Column {
     id: choice
@@ -17,7 +18,7 @@ Column {
     DeskText {
         width: parent.width
         visible: text !== ""
-        text: choice.label
+        words: choice.label
         color: Paper.quiet
     }
 
@@ -45,7 +46,7 @@ Column {
                 text: modelData.text
                 checked: modelData.value === choice.current
                 Accessible.role: Accessible.RadioButton
-                Accessible.name: choice.label !== "" ? choice.label + ": " + text : text
+                Accessible.name: Plain.shown(choice.label !== "" ? choice.label + ": " + text : text)
                 Accessible.checked: checked
                 onClicked: choice.picked(modelData.value)
             }

@@ -22,7 +22,7 @@ Rectangle {
 
         DeskText {
             width: parent.width
-            text: group.heading
+            words: group.heading
             font.bold: true
             font.capitalization: Font.AllUppercase
             font.letterSpacing: 1

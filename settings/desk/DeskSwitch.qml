@@ -2,6 +2,7 @@
 import QtQuick
 import QtQuick.Layouts
 import QtQuick.Templates as T
+import Kvq.Settings.Controls
 
 T.AbstractButton {
     id: control
@@ -13,7 +14,7 @@ T.AbstractButton {
     width: parent ? parent.width : implicitWidth
     implicitHeight: Math.max(44, implicitContentHeight + Paper.unit)
     Accessible.role: Accessible.CheckBox
-    Accessible.name: text
+    Accessible.name: Plain.shown(text)
     Accessible.checkable: true
     Accessible.checked: on
     Keys.onReturnPressed: control.clicked()
@@ -34,7 +35,7 @@ T.AbstractButton {
             DeskText {
                 anchors.centerIn: parent
                 visible: control.on
-                text: "×"
+                words: "×"
                 font.bold: true
                 color: Paper.markInk
                 Accessible.ignored: true
@@ -43,7 +44,7 @@ T.AbstractButton {
 
         DeskText {
             Layout.fillWidth: true
-            text: control.text
+            words: control.text
             Accessible.ignored: true
         }
     }

@@ -1,7 +1,8 @@
 // Words on the desk.
 import QtQuick
+import Kvq.Settings.Controls
 
-Text {
+PlainText {
     font.family: Paper.font
     font.pixelSize: Paper.size
     color: Paper.ink

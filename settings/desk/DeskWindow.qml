@@ -49,7 +49,7 @@ Window {
 
                 x: 2 * Paper.unit
                 y: 10
-                text: qsTr("DESK")
+                words: qsTr("DESK")
                 font.pixelSize: Paper.title
                 font.bold: true
                 font.letterSpacing: 4
@@ -62,7 +62,7 @@ Window {
                 anchors.topMargin: 2
                 x: 2 * Paper.unit
                 width: parent.width - fresh.width - 5 * Paper.unit
-                text: qsTr("Around the phone, not a part of it.")
+                words: qsTr("Around the phone, not a part of it.")
                 color: Paper.quiet
             }
 
@@ -266,13 +266,13 @@ Window {
                                 id: subject
 
                                 width: Math.max(120, parent.width / 3)
-                                text: fact.modelData.subject
+                                words: fact.modelData.subject
                                 color: Paper.quiet
                             }
 
                             DeskText {
                                 width: parent.width - subject.width - Paper.unit
-                                text: fact.modelData.text
+                                words: fact.modelData.text
                             }
                         }
                     }
@@ -302,14 +302,14 @@ Window {
 
                             DeskText {
                                 width: parent.width
-                                text: entry.call
+                                words: entry.call
                                 wrapMode: Text.WrapAnywhere
                             }
 
                             DeskText {
                                 width: parent.width
                                 visible: text !== ""
-                                text: "→ " + entry.answer
+                                words: "→ " + entry.answer
                                 color: Paper.quiet
                                 wrapMode: Text.WrapAnywhere
                             }
