@@ -11,6 +11,8 @@ QtObject {
     /** What is asked for, one to three labels; the third repeats the second. */
     property var prompts: []
     property string verb
+    /** What is asked instead once the SIM has blocked the PIN. */
+    property PinQuestion remedy: null
     /** Whether a PUK is asked for first. */
     property bool puk: false
     /** What was made of the answer. */

@@ -55,6 +55,8 @@ PinSheet {
             if (request.result === CallSetup.Success) {
                 sheet.question.taken();
                 sheet.close();
+            } else if (request.result === CallSetup.PinBlocked && sheet.question.remedy !== null) {
+                sheet.demand(sheet.question.remedy);
             } else {
                 sheet.refuse(Words.pinSentence(sheet.question.which, sheet.question.puk, request.result, request.error));
             }

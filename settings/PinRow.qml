@@ -13,6 +13,9 @@ ActionRow {
     property alias verb: question.verb
     property alias which: question.which
     property alias puk: question.puk
+    property alias reason: question.reason
+    property alias remedy: question.remedy
+    readonly property alias question: question
     property alias request: question.request
     readonly property bool asking: sheet.question === question
 

@@ -25,11 +25,11 @@ QtObject {
         case CallSetup.Refused:
             return qsTr("The request was refused. Try again later, or ask your provider.");
         case CallSetup.SimUnavailable:
-            return qsTr("The SIM does not answer. Check that it is inserted and unlocked.");
+            return qsTr("The SIM does not answer. Enter its PIN first, or check that it is inserted.");
         case CallSetup.PinRejected:
-            return qsTr("The SIM refused the PIN. Enter it once more, with care: three wrong ones in a row lock it.");
+            return qsTr("The SIM refused the PIN. Enter it with care: three wrong PINs block the SIM.");
         case CallSetup.PinBlocked:
-            return qsTr("The SIM has locked this PIN. Unblock it with the PUK that came with the SIM.");
+            return qsTr("The SIM has blocked this PIN. Unblock it with the PUK that came with the SIM.");
         case CallSetup.NotSupported:
             return qsTr("This phone or its network does not offer this. Ask your provider whether it can.");
         case CallSetup.TimedOut:
@@ -45,7 +45,7 @@ QtObject {
         case CallSetup.AccessDenied:
             return qsTr("This program may not use the telephony service. Ask who manages the phone.");
         case CallSetup.Pin2Needed:
-            return qsTr("The SIM wants the PIN2 before each such change. Enter it, and the change is made.");
+            return qsTr("The SIM asks for the PIN2 before such a change. Enter it, and the change is made.");
         case CallSetup.NotStored:
             return qsTr("The setting could not be stored, and the one from before still holds. Try again.");
         case CallSetup.DiskFull:
@@ -64,16 +64,16 @@ QtObject {
             if (result === CallSetup.PinRejected && left === 2)
                 return qsTr("The SIM refused the PIN. At most two tries are left. Enter it with care.");
             if (result === CallSetup.PinRejected && left === 1)
-                return qsTr("The SIM refused the PIN. At most one try is left, then it is locked. Enter it with care.");
+                return qsTr("The SIM refused the PIN. At most one try is left, then it is blocked. Enter it with care.");
             return sentence(result, error);
         }
         switch (result) {
         case CallSetup.PinRejected:
             return left > 0
-                ? qsTr("The SIM refused the PUK, which came with it. At most %1 of 10 tries are left, then it can no longer be unblocked.").arg(left)
-                : qsTr("The SIM refused the PUK, which came with it. Ask your provider for another SIM.");
+                ? qsTr("This PUK is wrong. At most %1 of 10 tries are left, then the SIM can no longer be used.").arg(left)
+                : qsTr("This PUK is wrong. Ten wrong PUKs in a row, and the SIM can no longer be used.");
         case CallSetup.PinBlocked:
-            return qsTr("The SIM takes no more PUK. Ask your provider for another SIM.");
+            return qsTr("The SIM can no longer be used: it takes no more PUK. Ask your provider for another SIM.");
         default:
             return sentence(result, error);
         }

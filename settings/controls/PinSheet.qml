@@ -1,4 +1,5 @@
-// Asks for a PIN, or for an old and a new one, one after the other. Nothing that was typed outlives the sheet.
+// Asks for a PIN, or for an old and a new one, one after the other. The fields are made for one try and end with it,
+// since a field keeps what it would undo, also when it has been cleared.
 import QtQuick
 
 Sheet {
@@ -10,6 +11,9 @@ Sheet {
     property int step: 0
     property int least: 4
 
+    /** Whether there are fields to type into. */
+    property bool typing: false
+    readonly property Field field: typing && fields.count > step ? fields.itemAt(step) as Field : null
     readonly property bool last: step === prompts.length - 1
 
     /** Typed completely. The receiver answers with accept by closing the sheet, or with refuse(). */
@@ -20,46 +24,52 @@ Sheet {
         prompts = what;
         sheet.verb = verb;
         sheet.least = least;
-        forget();
-        ask();
-        currentField().input.forceActiveFocus();
+        if (opened)
+            failure = "";
+        else
+            ask();
+        begin();
     }
 
     /** Refused: says why and starts again. */
     function refuse(reason: string): void {
-        forget();
         failure = reason;
-        currentField().input.forceActiveFocus();
+        begin();
+    }
+
+    function begin(): void {
+        forget();
+        typing = true;
+        field.input.forceActiveFocus();
     }
 
     function forget(): void {
-        for (const field of [one, two, three])
-            field.input.clear();
+        typing = false;
         step = 0;
         busy = false;
     }
 
-    function currentField(): Field {
-        return [one, two, three][step];
+    function typed(step: int): string {
+        return (fields.itemAt(step) as Field)?.text ?? "";
     }
 
     action: last ? verb : qsTr("Next")
-    ready: currentField().text.length >= (step === 0 ? least : 4)
+    ready: field !== null && field.text.length >= (step === 0 ? least : 4)
     onClosed: forget()
     onAccepted: {
         failure = "";
         if (!last) {
             ++step;
-            currentField().input.forceActiveFocus();
-        } else if (prompts.length === 3 && two.text !== three.text) {
+            field.input.forceActiveFocus();
+        } else if (prompts.length === 3 && typed(1) !== typed(2)) {
             failure = qsTr("The two entries are not the same. Enter the new PIN once more.");
-            two.input.clear();
-            three.input.clear();
+            for (const again of [1, 2])
+                (fields.itemAt(again) as Field).input.clear();
             step = 1;
-            two.input.forceActiveFocus();
+            field.input.forceActiveFocus();
         } else {
             busy = true;
-            entered(one.text, two.text);
+            entered(typed(0), typed(1));
         }
     }
 
@@ -67,39 +77,23 @@ Sheet {
         width: parent.width
         spacing: Theme.unit
 
-        Field {
-            id: one
+        Repeater {
+            id: fields
 
-            visible: sheet.step === 0
-            label: sheet.prompts[0] ?? ""
-            masked: true
-            digits: true
-            maximumLength: 8
-            input.readOnly: sheet.busy
-            onAccepted: sheet.accept()
-        }
+            model: sheet.typing ? sheet.prompts : []
 
-        Field {
-            id: two
+            Field {
+                required property string modelData
+                required property int index
 
-            visible: sheet.step === 1
-            label: sheet.prompts[1] ?? ""
-            masked: true
-            digits: true
-            maximumLength: 8
-            onAccepted: sheet.accept()
-        }
-
-        Field {
-            id: three
-
-            visible: sheet.step === 2
-            label: sheet.prompts[2] ?? ""
-            masked: true
-            digits: true
-            maximumLength: 8
-            input.readOnly: sheet.busy
-            onAccepted: sheet.accept()
+                visible: sheet.step === index
+                label: modelData
+                masked: true
+                digits: true
+                maximumLength: 8
+                input.readOnly: sheet.busy
+                onAccepted: sheet.accept()
+            }
         }
 
         PlainText {
@@ -118,8 +112,8 @@ Sheet {
             dial: false
             keyHeight: 48
             ground: Theme.window
-            onKeyPressed: key => sheet.currentField().type(key)
-            onTakeBack: sheet.currentField().takeBack()
+            onKeyPressed: key => sheet.field?.type(key)
+            onTakeBack: sheet.field?.takeBack()
         }
     }
 }

@@ -89,6 +89,8 @@ FocusScope {
     Accessible.role: role
     Accessible.name: Plain.shown(label)
     Accessible.description: Plain.shown(spoken)
+    Accessible.checkable: checkable
+    Accessible.checked: checked && known
     implicitHeight: stack.implicitHeight
 
     Rectangle {

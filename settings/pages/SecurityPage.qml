@@ -31,25 +31,31 @@ PhonePage {
     Section {
         heading: qsTr("SIM PIN")
 
-        SettingValue {
-            setting: pins.pinRequested
-            label: qsTr("Ask when the phone starts")
-            words: on => on ? qsTr("On") : qsTr("Off")
-        }
+        SwitchRow {
+            objectName: "lock"
+            label: qsTr("Lock SIM with PIN")
+            description: checked && known
+                ? qsTr("Asks when the phone starts. It cannot be turned off here: the telephony service offers no way.")
+                : qsTr("Asks when the phone starts")
+            pressable: known && !checked
+            checked: pins.pinRequested.value
+            known: pins.pinRequested.known
+            busy: pins.pinRequested.busy || !sheetAsks && lockQuestion.request !== null && lockQuestion.request.busy
+            failure: Words.of(pins.pinRequested) || (sheetAsks ? "" : Words.of(lockQuestion.request))
+            onToggled: sheet.demand(lockQuestion)
+            onRetry: {
+                if (pins.pinRequested.state === CallSetup.Failed)
+                    pins.pinRequested.retry();
+                else
+                    sheet.demand(lockQuestion);
+            }
 
-        PinRow {
-            visible: pins.pinRequested.known && !pins.pinRequested.value
-            label: qsTr("Ask from now on")
-            done: qsTr("The SIM asks from now on.")
-            sheet: sheet
-            prompts: [qsTr("PIN")]
-            verb: qsTr("Turn on")
-            onEntered: pin => request = pins.enable(pin)
-            onSucceeded: pins.refresh()
+            readonly property bool sheetAsks: sheet.question === lockQuestion
         }
 
         PinActions {
             which: SimPins.Pin1
+            asked: pins.pinRequested.known && pins.pinRequested.value
             pins: pins
             sheet: sheet
             shortName: "pin"
@@ -71,6 +77,7 @@ PhonePage {
 
         PinActions {
             which: SimPins.Pin2
+            status: pins.pin2Status.known ? pins.pin2Status.value : SimPins.NotVerified
             pins: pins
             sheet: sheet
             shortName: "pin2"
@@ -91,6 +98,7 @@ PhonePage {
 
         PinActions {
             which: SimPins.Upin
+            status: pins.upinStatus.known ? pins.upinStatus.value : SimPins.NotVerified
             pins: pins
             sheet: sheet
             shortName: "upin"
@@ -122,6 +130,16 @@ PhonePage {
                     sheet.demand(fixedQuestion);
             }
         }
+    }
+
+    PinQuestion {
+        id: lockQuestion
+
+        which: SimPins.Pin1
+        heading: qsTr("Lock SIM with PIN")
+        prompts: [qsTr("PIN")]
+        verb: qsTr("Turn on")
+        onEntered: pin => request = pins.enable(pin)
     }
 
     PinQuestion {

@@ -16,20 +16,8 @@
         <translation>Funk</translation>
     </message>
     <message>
-        <source>Baseband software</source>
-        <translation>Basisband-Software</translation>
-    </message>
-    <message>
         <source>Version</source>
         <translation>Version</translation>
-    </message>
-    <message>
-        <source>Flex version</source>
-        <translation>Flex-Version</translation>
-    </message>
-    <message>
-        <source>Signal processor</source>
-        <translation>Signalprozessor</translation>
     </message>
     <message>
         <source>This program</source>
@@ -46,6 +34,18 @@
     <message>
         <source>Connected</source>
         <translation>Verbunden</translation>
+    </message>
+    <message>
+        <source>Modem software</source>
+        <translation>Modemsoftware</translation>
+    </message>
+    <message>
+        <source>Configuration</source>
+        <translation>Konfiguration</translation>
+    </message>
+    <message>
+        <source>Sound processing</source>
+        <translation>Sprachverarbeitung</translation>
     </message>
 </context>
 <context>
@@ -121,10 +121,6 @@
 <context>
     <name>CallerIdPage</name>
     <message>
-        <source>As the network has it</source>
-        <translation>Wie im Netz</translation>
-    </message>
-    <message>
         <source>Show it</source>
         <translation>Zeigen</translation>
     </message>
@@ -155,6 +151,10 @@
     <message>
         <source>A call that comes in during another one is announced</source>
         <translation>Ein Anruf während eines anderen wird gemeldet</translation>
+    </message>
+    <message>
+        <source>Provider’s default</source>
+        <translation>Vorgabe des Anbieters</translation>
     </message>
 </context>
 <context>
@@ -239,10 +239,6 @@
         <translation>Grenze und Preis</translation>
     </message>
     <message>
-        <source>Limit</source>
-        <translation>Grenze</translation>
-    </message>
-    <message>
         <source>No limit</source>
         <translation>Keine</translation>
     </message>
@@ -262,14 +258,6 @@
     <message>
         <source>Show costs after a call</source>
         <translation>Kosten nach dem Anruf zeigen</translation>
-    </message>
-    <message>
-        <source>No</source>
-        <translation>Nein</translation>
-    </message>
-    <message>
-        <source>Yes</source>
-        <translation>Ja</translation>
     </message>
     <message>
         <source>Show costs in</source>
@@ -332,10 +320,6 @@
         <translation>Erneut versuchen</translation>
     </message>
     <message>
-        <source>The SIM wants it before each change of its meter.</source>
-        <translation>Die SIM verlangt sie vor jeder Änderung ihres Zählers.</translation>
-    </message>
-    <message>
         <source>PIN2</source>
         <translation>PIN2</translation>
     </message>
@@ -346,6 +330,18 @@
     <message>
         <source>Not known</source>
         <translation>Nicht bekannt</translation>
+    </message>
+    <message>
+        <source>The SIM asks for it before the limit, the price or the costs are changed.</source>
+        <translation>Die SIM fragt danach, bevor Limit, Preis oder Kosten geändert werden.</translation>
+    </message>
+    <message>
+        <source>Cost limit</source>
+        <translation>Kostenlimit</translation>
+    </message>
+    <message>
+        <source>The limit is %1 now. The SIM keeps it in units, so another price changes it: look at it afterwards.</source>
+        <translation>Das Limit ist jetzt %1. Die SIM führt es in Einheiten, ein anderer Preis ändert es also: Prüfen Sie es danach.</translation>
     </message>
 </context>
 <context>
@@ -629,6 +625,10 @@
         <source>After %1 seconds</source>
         <translation>Nach %1 Sekunden</translation>
     </message>
+    <message>
+        <source>Has no effect while “Always” is on</source>
+        <translation>Wirkt nicht, solange „Immer“ an ist</translation>
+    </message>
 </context>
 <context>
     <name>IncomingCall</name>
@@ -680,16 +680,16 @@
         <translation>Solange gesperrt, kann die Leitung nicht gewechselt werden</translation>
     </message>
     <message>
-        <source>Voice mail keys</source>
-        <translation>Mailbox-Tasten</translation>
+        <source>Voice mail of its own</source>
+        <translation>Eigene Mailbox</translation>
     </message>
     <message>
-        <source>Apply to this line</source>
-        <translation>Für diese Leitung</translation>
+        <source>Yes</source>
+        <translation>Ja</translation>
     </message>
     <message>
-        <source>Do not apply</source>
-        <translation>Gelten nicht</translation>
+        <source>No</source>
+        <translation>Nein</translation>
     </message>
 </context>
 <context>
@@ -730,18 +730,6 @@
         <translation>Anbieter</translation>
     </message>
     <message>
-        <source>Choose a network</source>
-        <translation>Netz wählen</translation>
-    </message>
-    <message>
-        <source>Automatically</source>
-        <translation>Automatisch</translation>
-    </message>
-    <message>
-        <source>By hand</source>
-        <translation>Von Hand</translation>
-    </message>
-    <message>
         <source>Networks around</source>
         <translation>Netze in der Nähe</translation>
     </message>
@@ -763,7 +751,7 @@
     </message>
     <message>
         <source>Look for a better network</source>
-        <translation>Nach besserem Netz sehen</translation>
+        <translation>Besseres Netz suchen</translation>
     </message>
     <message>
         <source>Rarely, saves power</source>
@@ -804,6 +792,26 @@
     <message>
         <source>Tone when service comes or goes</source>
         <translation>Ton, wenn das Netz kommt oder geht</translation>
+    </message>
+    <message>
+        <source>The phone chooses the network</source>
+        <translation>Das Telefon wählt das Netz</translation>
+    </message>
+    <message>
+        <source>To choose one, turn “Automatic” off.</source>
+        <translation>Um eines zu wählen, schalten Sie „Automatisch“ aus.</translation>
+    </message>
+    <message>
+        <source>Leave the home network?</source>
+        <translation>Heimatnetz verlassen?</translation>
+    </message>
+    <message>
+        <source>Calls in another network may cost more.</source>
+        <translation>In einem anderen Netz können Anrufe mehr kosten.</translation>
+    </message>
+    <message>
+        <source>Leave</source>
+        <translation>Verlassen</translation>
     </message>
 </context>
 <context>
@@ -979,8 +987,12 @@
         <translation>Entsperren</translation>
     </message>
     <message>
-        <source>Unblocked. The new one holds.</source>
-        <translation>Entsperrt. Die neue gilt.</translation>
+        <source>Unblocked. Use the new PIN from now on.</source>
+        <translation>Entsperrt. Ab jetzt gilt die neue PIN.</translation>
+    </message>
+    <message>
+        <source>The PUK came with the SIM. After ten wrong PUKs the SIM can no longer be used.</source>
+        <translation>Die PUK lag der SIM bei. Nach zehn falschen PUKs ist die SIM unbrauchbar.</translation>
     </message>
 </context>
 <context>
@@ -1016,16 +1028,12 @@
         <translation>Annehmen</translation>
     </message>
     <message>
-        <source>Answer by opening the flip</source>
-        <translation>Durch Aufklappen annehmen</translation>
-    </message>
-    <message>
         <source>Answer with any key</source>
         <translation>Mit jeder Taste annehmen</translation>
     </message>
     <message>
         <source>Answer automatically</source>
-        <translation>Von selbst annehmen</translation>
+        <translation>Automatisch annehmen</translation>
     </message>
     <message>
         <source>Without touching the phone</source>
@@ -1054,14 +1062,6 @@
     <message>
         <source>Group the digits of numbers</source>
         <translation>Ziffern gruppieren</translation>
-    </message>
-    <message>
-        <source>No</source>
-        <translation>Nein</translation>
-    </message>
-    <message>
-        <source>Yes</source>
-        <translation>Ja</translation>
     </message>
     <message>
         <source>Keypad tones in a call</source>
@@ -1163,6 +1163,10 @@
         <source>Anywhere in them</source>
         <translation>Überall darin</translation>
     </message>
+    <message>
+        <source>Answer by opening the phone</source>
+        <translation>Durch Aufklappen annehmen</translation>
+    </message>
 </context>
 <context>
     <name>PreferredPage</name>
@@ -1259,26 +1263,6 @@
     <message>
         <source>SIM PIN</source>
         <translation>SIM-PIN</translation>
-    </message>
-    <message>
-        <source>Ask when the phone starts</source>
-        <translation>Beim Einschalten fragen</translation>
-    </message>
-    <message>
-        <source>On</source>
-        <translation>Ein</translation>
-    </message>
-    <message>
-        <source>Off</source>
-        <translation>Aus</translation>
-    </message>
-    <message>
-        <source>Ask from now on</source>
-        <translation>Ab jetzt fragen</translation>
-    </message>
-    <message>
-        <source>The SIM asks from now on.</source>
-        <translation>Die SIM fragt ab jetzt.</translation>
     </message>
     <message>
         <source>PIN</source>
@@ -1388,6 +1372,18 @@
         <source>Unblock universal PIN</source>
         <translation>Universal-PIN entsperren</translation>
     </message>
+    <message>
+        <source>Lock SIM with PIN</source>
+        <translation>SIM mit PIN sperren</translation>
+    </message>
+    <message>
+        <source>Asks when the phone starts. It cannot be turned off here: the telephony service offers no way.</source>
+        <translation>Fragt beim Start des Telefons. Lässt sich hier nicht ausschalten: Der Telefondienst bietet es nicht an.</translation>
+    </message>
+    <message>
+        <source>Asks when the phone starts</source>
+        <translation>Fragt beim Start des Telefons</translation>
+    </message>
 </context>
 <context>
     <name>SettingRow</name>
@@ -1445,10 +1441,6 @@
         <translation>SIM</translation>
     </message>
     <message>
-        <source>Neither</source>
-        <translation>Keinem</translation>
-    </message>
-    <message>
         <source>Also kept on the phone</source>
         <translation>Auch auf dem Telefon</translation>
     </message>
@@ -1457,8 +1449,12 @@
         <translation>Auch auf der SIM</translation>
     </message>
     <message>
-        <source>Also kept on</source>
-        <translation>Auch gespeichert auf</translation>
+        <source>A copy on</source>
+        <translation>Kopie auf</translation>
+    </message>
+    <message>
+        <source>No copy</source>
+        <translation>Keine</translation>
     </message>
 </context>
 <context>
@@ -1492,7 +1488,7 @@
     </message>
     <message>
         <source>Fall back to a voice call</source>
-        <translation>Sonst Sprachanruf</translation>
+        <translation>Ersatzweise Sprachanruf</translation>
     </message>
     <message>
         <source>When the video call cannot be made</source>
@@ -1548,14 +1544,6 @@
     <message>
         <source>There is no number to call. Enter one first.</source>
         <translation>Es fehlt eine Nummer. Geben Sie zuerst eine ein.</translation>
-    </message>
-    <message>
-        <source>The SIM does not answer. Check that it is inserted and unlocked.</source>
-        <translation>Die SIM antwortet nicht. Prüfen Sie, ob sie eingelegt und entsperrt ist.</translation>
-    </message>
-    <message>
-        <source>The SIM has locked this PIN. Unblock it with the PUK that came with the SIM.</source>
-        <translation>Die SIM hat diese PIN gesperrt. Entsperren Sie sie mit der PUK, die zur SIM gehört.</translation>
     </message>
     <message>
         <source>No answer came in time. Look again in a moment: the change may still take effect.</source>
@@ -1614,32 +1602,40 @@
         <translation>%1 Versuchen Sie es später noch einmal.</translation>
     </message>
     <message>
-        <source>The SIM takes no more PUK. Ask your provider for another SIM.</source>
-        <translation>Die SIM nimmt keine PUK mehr an. Bitten Sie Ihren Anbieter um eine andere SIM.</translation>
-    </message>
-    <message>
-        <source>The SIM refused the PIN. Enter it once more, with care: three wrong ones in a row lock it.</source>
-        <translation>Die SIM hat die PIN abgelehnt. Geben Sie sie noch einmal mit Bedacht ein: Drei falsche hintereinander sperren sie.</translation>
-    </message>
-    <message>
-        <source>The SIM wants the PIN2 before each such change. Enter it, and the change is made.</source>
-        <translation>Die SIM verlangt vor jeder solchen Änderung die PIN2. Geben Sie sie ein, dann wird geändert.</translation>
-    </message>
-    <message>
         <source>The SIM refused the PIN. At most two tries are left. Enter it with care.</source>
         <translation>Die SIM hat die PIN abgelehnt. Höchstens zwei Versuche bleiben. Geben Sie sie mit Bedacht ein.</translation>
     </message>
     <message>
-        <source>The SIM refused the PIN. At most one try is left, then it is locked. Enter it with care.</source>
+        <source>The SIM does not answer. Enter its PIN first, or check that it is inserted.</source>
+        <translation>Die SIM antwortet nicht. Geben Sie zuerst ihre PIN ein, oder prüfen Sie, ob sie eingelegt ist.</translation>
+    </message>
+    <message>
+        <source>The SIM refused the PIN. Enter it with care: three wrong PINs block the SIM.</source>
+        <translation>Die SIM hat die PIN abgelehnt. Geben Sie sie mit Bedacht ein: Drei falsche PINs sperren die SIM.</translation>
+    </message>
+    <message>
+        <source>The SIM has blocked this PIN. Unblock it with the PUK that came with the SIM.</source>
+        <translation>Die SIM hat diese PIN gesperrt. Entsperren Sie sie mit der PUK, die der SIM beilag.</translation>
+    </message>
+    <message>
+        <source>The SIM asks for the PIN2 before such a change. Enter it, and the change is made.</source>
+        <translation>Die SIM fragt vor einer solchen Änderung nach der PIN2. Nach der Eingabe wird geändert.</translation>
+    </message>
+    <message>
+        <source>The SIM refused the PIN. At most one try is left, then it is blocked. Enter it with care.</source>
         <translation>Die SIM hat die PIN abgelehnt. Höchstens ein Versuch bleibt, dann ist sie gesperrt. Geben Sie sie mit Bedacht ein.</translation>
     </message>
     <message>
-        <source>The SIM refused the PUK, which came with it. At most %1 of 10 tries are left, then it can no longer be unblocked.</source>
-        <translation>Die SIM hat die PUK abgelehnt, die ihr beilag. Höchstens %1 von 10 Versuchen bleiben, dann bleibt sie gesperrt.</translation>
+        <source>This PUK is wrong. At most %1 of 10 tries are left, then the SIM can no longer be used.</source>
+        <translation>Diese PUK ist falsch. Höchstens %1 von 10 Versuchen bleiben, dann ist die SIM unbrauchbar.</translation>
     </message>
     <message>
-        <source>The SIM refused the PUK, which came with it. Ask your provider for another SIM.</source>
-        <translation>Die SIM hat die PUK abgelehnt, die ihr beilag. Fragen Sie Ihren Anbieter nach einer neuen SIM.</translation>
+        <source>This PUK is wrong. Ten wrong PUKs in a row, and the SIM can no longer be used.</source>
+        <translation>Diese PUK ist falsch. Nach zehn falschen PUKs in Folge ist die SIM unbrauchbar.</translation>
+    </message>
+    <message>
+        <source>The SIM can no longer be used: it takes no more PUK. Ask your provider for another SIM.</source>
+        <translation>Die SIM ist unbrauchbar: Sie nimmt keine PUK mehr an. Fragen Sie Ihren Anbieter nach einer anderen SIM.</translation>
     </message>
 </context>
 </TS>

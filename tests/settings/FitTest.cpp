@@ -61,7 +61,7 @@ TEST_P(FitTest, WhatIsAsked)
     const struct {
         const char *page;
         const char *item;
-    } questions[] = {{"forwarding", "no-reply"},  {"security", "change-pin"}, {"security", "unblock-pin2"},
+    } questions[] = {{"forwarding", "no-reply"},  {"security", "change-pin"}, {"security", "change-pin2"},
                      {"costs", "limit"},          {"preferred", "add"},       {"own-numbers", "number1"},
                      {"speed-dial", "slot2"},     {"costs", "reset-costs"},   {"security", "fixed-dialling"},
                      {"caller-id", "restriction"}};

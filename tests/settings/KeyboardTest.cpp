@@ -3,6 +3,7 @@
 
 #include <QAccessible>
 #include <QMetaEnum>
+#include <QPointer>
 #include <QSet>
 
 namespace {
@@ -126,11 +127,11 @@ TEST_F(KeyboardTest, AScreenReaderIsToldWhatEachThingIs)
                              "Button Back\n"
                              "Heading Caller ID and waiting\n"
                              "Heading My number, when I call\n"
-                             "Button All calls: As the network has it\n"
-                             "RadioButton As the network has it (checked)\n"
+                             "Button All calls: Provider’s default\n"
+                             "RadioButton Provider’s default (checked)\n"
                              "RadioButton Show it\n"
                              "RadioButton Hide it\n"
-                             "Button The next call only: As the network has it\n"
+                             "Button The next call only: Provider’s default\n"
                              "Heading A second call\n"
                              "CheckBox Call waiting: on. A call that comes in during another one is "
                              "announced (checked)\n"));
@@ -138,7 +139,9 @@ TEST_F(KeyboardTest, AScreenReaderIsToldWhatEachThingIs)
     // A switch that asks first is not on before it is.
     open(QStringLiteral("security"), {.calm = true});
     ASSERT_TRUE(settle());
-    EXPECT_TRUE(readAloud().contains(QStringLiteral("\nStaticText Ask when the phone starts: On\n")));
+    EXPECT_TRUE(readAloud().contains(QStringLiteral(
+        "\nCheckBox Lock SIM with PIN: on. Asks when the phone starts. It cannot be turned off "
+        "here: the telephony service offers no way. (checked)\n")));
     find(QStringLiteral("fixed-dialling"))->forceActiveFocus(Qt::TabFocusReason);
     press(Qt::Key_Space);
     ASSERT_TRUE(waitFor([&] { return focused() && focused()->inherits("QQuickTextInput"); }));
@@ -203,7 +206,7 @@ TEST_F(KeyboardTest, AWrongPinIsToldInWordsAndForgotten)
     ASSERT_TRUE(settle());
     ASSERT_TRUE(QMetaObject::invokeMethod(find(QStringLiteral("enter-pin")), "click"));
     ASSERT_TRUE(waitFor([&] { return focused() && focused()->inherits("QQuickTextInput"); }));
-    QQuickItem *const field = focused();
+    QPointer<QQuickItem> field = focused();
     type(QStringLiteral("9999"));
     EXPECT_EQ(field->property("text").toString().size(), 4);
     EXPECT_EQ(field->property("displayText").toString(), QStringLiteral("●●●●"));
@@ -215,14 +218,20 @@ TEST_F(KeyboardTest, AWrongPinIsToldInWordsAndForgotten)
         visit(window().contentItem(), [&](QQuickItem &item) { texts << item.property("text").toString(); });
         return texts.join(QLatin1Char(' ')).contains(QLatin1String(words));
     };
-    EXPECT_TRUE(waitFor([&] { return says("The SIM refused the PIN. At most two tries are left."); }));
+    EXPECT_TRUE(waitFor([&] {
+        return says("The SIM refused the PIN. Enter it with care: three wrong PINs block");
+    })) << "nobody knows how many were wrong before";
+    // The field has gone, with all that undoing would bring back.
+    EXPECT_TRUE(waitFor([&] { return field.isNull(); }));
+    ASSERT_TRUE(waitFor([&] { return focused() && focused()->inherits("QQuickTextInput"); }));
+    field = focused();
+    press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(field->property("text").toString(), QString());
-    EXPECT_EQ(focused(), field);
 
     type(QStringLiteral("1234"));
     press(Qt::Key_Return);
     ASSERT_TRUE(settle());
-    EXPECT_TRUE(waitFor([&] { return !field->isVisible(); }));
+    EXPECT_TRUE(waitFor([&] { return field.isNull(); }));
     EXPECT_EQ(find(QStringLiteral("enter-pin"))->property("description").toString(),
               QStringLiteral("The SIM took it."));
 
@@ -244,17 +253,36 @@ TEST_F(KeyboardTest, AWrongPinIsToldInWordsAndForgotten)
         type(QString::fromLatin1(words));
         press(Qt::Key_Return);
     }
-    EXPECT_TRUE(waitFor([&] { return says("At most one try is left, then it is locked."); }));
+    EXPECT_TRUE(waitFor([&] { return says("At most one try is left, then it is blocked."); }));
     press(Qt::Key_Escape);
     ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("confirm")) == nullptr; }));
 
-    ASSERT_TRUE(QMetaObject::invokeMethod(find(QStringLiteral("unblock-pin")), "click"));
-    for (const char *const words : {"00000000", "1111", "1111"}) {
-        ASSERT_TRUE(waitFor([&] { return focused() && focused()->inherits("QQuickTextInput"); }));
-        type(QString::fromLatin1(words));
-        press(Qt::Key_Return);
-    }
-    EXPECT_TRUE(waitFor([&] { return says("At most 9 of 10 tries are left"); }));
+    // The last wrong one leads to the PUK, and then there is nothing but the PUK.
+    EXPECT_EQ(find(QStringLiteral("unblock-pin")), nullptr);
+    ASSERT_TRUE(QMetaObject::invokeMethod(find(QStringLiteral("enter-pin")), "click"));
+    ASSERT_TRUE(waitFor([&] { return focused() && focused()->inherits("QQuickTextInput"); }));
+    type(QStringLiteral("9999"));
+    press(Qt::Key_Return);
+    ASSERT_TRUE(waitFor([&] { return says("After ten wrong PUKs the SIM can no longer be used."); }));
+    EXPECT_EQ(find(QStringLiteral("enter-pin")), nullptr);
+    EXPECT_EQ(find(QStringLiteral("change-pin")), nullptr);
+    const auto unblocks = [&](const char *puk) {
+        for (const char *const words : {puk, "1111", "1111"}) {
+            ASSERT_TRUE(waitFor([&] {
+                return focused() && focused()->inherits("QQuickTextInput")
+                    && focused()->property("displayText").toString().isEmpty();
+            }));
+            type(QString::fromLatin1(words));
+            press(Qt::Key_Return);
+        }
+    };
+    unblocks("00000000");
+    EXPECT_TRUE(waitFor([&] { return says("Ten wrong PUKs in a row, and the SIM can no longer be used."); }));
+    unblocks("12345678");
+    ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("change-pin")) != nullptr; }));
+    EXPECT_EQ(find(QStringLiteral("change-pin"))->property("description").toString(),
+              QStringLiteral("Unblocked. Use the new PIN from now on."));
+    EXPECT_EQ(find(QStringLiteral("unblock-pin")), nullptr);
 }
 
 TEST_F(KeyboardTest, IsAskedForThePin2ThatAChangeWants)
@@ -276,7 +304,8 @@ TEST_F(KeyboardTest, IsAskedForThePin2ThatAChangeWants)
     focused()->setProperty("text", QStringLiteral("20"));
     press(Qt::Key_Return);
     ASSERT_TRUE(typesInto(true));
-    EXPECT_TRUE(limit->property("failure").toString().startsWith(QStringLiteral("The SIM wants the PIN2")));
+    EXPECT_TRUE(
+        limit->property("failure").toString().startsWith(QStringLiteral("The SIM asks for the PIN2")));
 
     // Who does not know it now can give it later.
     press(Qt::Key_Escape);
