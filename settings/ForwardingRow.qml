@@ -4,10 +4,13 @@ import Kvq.Settings.Controls
 
 EntryRow {
     required property ForwardingRule rule
+    /** All calls are forwarded before this one is looked at. */
+    property bool overruled: false
 
     visible: rule.available
     value: rule.active ? rule.number : qsTr("Off")
-    description: rule.active && rule.noReplyTime > 0 ? qsTr("After %1 seconds").arg(rule.noReplyTime) : ""
+    description: overruled ? qsTr("Has no effect while “Always” is on")
+        : rule.active && rule.noReplyTime > 0 ? qsTr("After %1 seconds").arg(rule.noReplyTime) : ""
     known: rule.known
     busy: rule.busy
     failure: Words.of(rule)

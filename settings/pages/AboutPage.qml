@@ -24,7 +24,7 @@ PhonePage {
     }
 
     Section {
-        heading: qsTr("Baseband software")
+        heading: qsTr("Modem software")
 
         SettingValue {
             setting: identity.basebandVersion
@@ -33,12 +33,12 @@ PhonePage {
 
         SettingValue {
             setting: identity.flexVersion
-            label: qsTr("Flex version")
+            label: qsTr("Configuration")
         }
 
         SettingValue {
             setting: identity.dspVersion
-            label: qsTr("Signal processor")
+            label: qsTr("Sound processing")
         }
     }
 

@@ -7,7 +7,7 @@ PhonePage {
     id: page
 
     readonly property var restrictions: [
-        { value: CallerId.Network, text: qsTr("As the network has it") },
+        { value: CallerId.Network, text: qsTr("Provider’s default") },
         { value: CallerId.Suppress, text: qsTr("Show it") },
         { value: CallerId.Invoke, text: qsTr("Hide it") }
     ]

@@ -80,7 +80,7 @@ PhonePage {
 
         which: SimPins.Pin2
         heading: qsTr("Enter PIN2")
-        reason: qsTr("The SIM wants it before each change of its meter.")
+        reason: qsTr("The SIM asks for it before the limit, the price or the costs are changed.")
         prompts: [qsTr("PIN2")]
         verb: qsTr("OK")
         onEntered: pin2 => request = pins.verify(SimPins.Pin2, pin2)
@@ -133,7 +133,7 @@ PhonePage {
 
         EntryRow {
             objectName: "limit"
-            label: qsTr("Limit")
+            label: qsTr("Cost limit")
             value: costs.limited ? costs.maximum.value : qsTr("No limit")
             description: qsTr("At the limit no more calls can be made")
             known: costs.maximum.known
@@ -155,13 +155,11 @@ PhonePage {
             onRetry: page.again(costs.price)
         }
 
-        SettingChoice {
+        SettingOnOff {
             setting: costs.display
             label: qsTr("Show costs after a call")
-            choices: [
-                { value: CallCosts.NotShown, text: qsTr("No") },
-                { value: CallCosts.Shown, text: qsTr("Yes") }
-            ]
+            on: CallCosts.Shown
+            off: CallCosts.NotShown
         }
 
         SettingChoice {
@@ -220,7 +218,7 @@ PhonePage {
             amount.input.forceActiveFocus();
         }
 
-        title: qsTr("Limit")
+        title: qsTr("Cost limit")
         action: qsTr("Save")
         ready: amount.text !== ""
         onAccepted: {
@@ -261,6 +259,9 @@ PhonePage {
         }
 
         title: qsTr("Price of a unit")
+        text: costs.limited
+            ? qsTr("The limit is %1 now. The SIM keeps it in units, so another price changes it: look at it afterwards.").arg(costs.maximum.value)
+            : ""
         action: qsTr("Save")
         ready: price.text !== "" && currency.text !== ""
         onAccepted: {

@@ -7,6 +7,8 @@ import Kvq.Settings.Controls
 PhonePage {
     id: page
 
+    readonly property bool allForwarded: forwarding.unconditional.known && forwarding.unconditional.active
+
     CallForwarding {
         id: forwarding
     }
@@ -36,6 +38,7 @@ PhonePage {
         ForwardingRow {
             objectName: "when-busy"
             rule: forwarding.whenBusy
+            overruled: page.allForwarded
             label: qsTr("When busy")
             onPressed: sheet.edit(rule, label)
         }
@@ -43,12 +46,14 @@ PhonePage {
         ForwardingRow {
             objectName: "no-reply"
             rule: forwarding.noReply
+            overruled: page.allForwarded
             label: qsTr("When not answered")
             onPressed: sheet.edit(rule, label)
         }
 
         ForwardingRow {
             rule: forwarding.notReachable
+            overruled: page.allForwarded
             label: qsTr("When not reachable")
             onPressed: sheet.edit(rule, label)
         }
@@ -79,11 +84,8 @@ PhonePage {
         readonly property bool timed: rule !== null && rule === forwarding.noReply
             && forwarding.serviceClass === CallForwarding.Voice
 
-        /** What the phone proposes, if it can be chosen. */
-        readonly property int usualSeconds: {
-            const proposed = forwarding.defaultNoReplyTime.value;
-            return proposed === 5 || proposed === 10 ? proposed : 20;
-        }
+        /** How long it rings where nothing else is known: long enough to be heard. */
+        readonly property int usualSeconds: 20
 
         function edit(rule: ForwardingRule, heading: string): void {
             sheet.rule = rule;

@@ -30,8 +30,8 @@ PhonePage {
     Section {
         SettingValue {
             setting: lines.voiceMailHotKeys
-            label: qsTr("Voice mail keys")
-            words: on => on ? qsTr("Apply to this line") : qsTr("Do not apply")
+            label: qsTr("Voice mail of its own")
+            words: on => on ? qsTr("Yes") : qsTr("No")
         }
     }
 }

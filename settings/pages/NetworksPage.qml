@@ -8,6 +8,21 @@ PhonePage {
     id: page
 
     property Request search: null
+    readonly property bool automatic: networks.searchMode.value === NetworkSelection.Automatic
+    /** Whether a network can be chosen. */
+    readonly property bool choosing: networks.searchMode.known && !networks.searchMode.busy && !automatic
+    /** Somebody has said once that the home network may be left. */
+    property bool mayLeaveHome: false
+
+    /** Whether the network in use is the home network. */
+    function isHome(): bool {
+        for (let row = 0; row < found.count; ++row) {
+            const network = found.itemAt(row);
+            if (network.status === NetworkSelection.Registered)
+                return network.home;
+        }
+        return false;
+    }
 
     NetworkSelection {
         id: networks
@@ -31,21 +46,32 @@ PhonePage {
             label: qsTr("Provider")
         }
 
-        SettingChoice {
-            objectName: "search-mode"
+        SettingOnOff {
+            objectName: "automatic"
             setting: networks.searchMode
-            label: qsTr("Choose a network")
-            choices: [
-                { value: NetworkSelection.Automatic, text: qsTr("Automatically") },
-                { value: NetworkSelection.Manual, text: qsTr("By hand") }
-            ]
+            label: qsTr("Automatic")
+            description: qsTr("The phone chooses the network")
+            on: NetworkSelection.Automatic
+            off: NetworkSelection.Manual
+        }
+    }
+
+    // What is in use follows from how it is chosen.
+    Connections {
+        target: networks.searchMode
+
+        function onConfirmed() {
+            networks.refresh();
         }
     }
 
     Section {
         heading: qsTr("Networks around")
+        note: networks.count > 0 && page.automatic ? qsTr("To choose one, turn “Automatic” off.") : ""
 
         Repeater {
+            id: found
+
             model: networks
 
             ActionRow {
@@ -62,14 +88,32 @@ PhonePage {
                     request = networks.registerOn(networkId);
                 }
 
-                ink: Theme.text
-                symbol: "network"
+                function choose(): void {
+                    if (page.isHome() && !home && !page.mayLeaveHome) {
+                        leaving.row = row;
+                        leaving.ask();
+                    } else {
+                        register();
+                    }
+                }
+
+                objectName: "found:" + networkId
+                pressable: page.choosing && status !== NetworkSelection.Registered && status !== NetworkSelection.Forbidden
+                ink: status === NetworkSelection.Forbidden ? Theme.quiet : Theme.text
                 label: name !== "" ? name : networkId
                 description: page.statusText(status, home)
                 busy: request !== null && request.busy
                 failure: Words.of(request)
-                onPressed: register()
-                onRetry: register()
+                onPressed: choose()
+                onRetry: choose()
+
+                Connections {
+                    target: row.request
+
+                    function onFinished() {
+                        networks.refresh();
+                    }
+                }
 
                 Icon {
                     anchors.verticalCenter: parent.verticalCenter
@@ -125,6 +169,20 @@ PhonePage {
         SettingSwitch {
             setting: networks.serviceTone
             label: qsTr("Tone when service comes or goes")
+        }
+    }
+
+    ConfirmSheet {
+        id: leaving
+
+        property var row: null
+
+        title: qsTr("Leave the home network?")
+        text: qsTr("Calls in another network may cost more.")
+        action: qsTr("Leave")
+        onConfirmed: {
+            page.mayLeaveHome = true;
+            row?.register();
         }
     }
 }

@@ -13,7 +13,7 @@ PhonePage {
 
         SettingSwitch {
             setting: preferences.flipAnswer
-            label: qsTr("Answer by opening the flip")
+            label: qsTr("Answer by opening the phone")
         }
 
         SettingSwitch {
@@ -45,13 +45,11 @@ PhonePage {
                 ? qsTr("Puts %1 before a number").arg(preferences.nationalPrefix.value) : ""
         }
 
-        SettingChoice {
+        SettingOnOff {
             setting: preferences.hyphenation
             label: qsTr("Group the digits of numbers")
-            choices: [
-                { value: CallPreferences.NotHyphenated, text: qsTr("No") },
-                { value: CallPreferences.Hyphenated, text: qsTr("Yes") }
-            ]
+            on: CallPreferences.Hyphenated
+            off: CallPreferences.NotHyphenated
         }
 
         SettingChoice {

@@ -71,12 +71,12 @@ PhonePage {
         }
 
         more: Segments {
-            label: qsTr("Also kept on")
+            label: qsTr("A copy on")
             labelled: true
             choices: [
                 { value: SpeedDial.OnPhone, text: qsTr("Phone") },
                 { value: SpeedDial.OnSim, text: qsTr("SIM") },
-                { value: SpeedDial.Nowhere, text: qsTr("Neither") }
+                { value: SpeedDial.Nowhere, text: qsTr("No copy") }
             ]
             current: sheet.location
             onPicked: value => sheet.location = value

@@ -142,6 +142,77 @@ TEST_F(PagesTest, AmountsOfAMeterThatDoesNotAnswerAreNotZero)
     EXPECT_TRUE(waitFor([&] { return spent->property("value").toString() == QLatin1String("3.20"); }));
 }
 
+TEST_F(PagesTest, ANetworkIsChosenByHandOnly)
+{
+    open(QStringLiteral("networks"), {.calm = true});
+    ASSERT_TRUE(settle());
+    ASSERT_TRUE(QMetaObject::invokeMethod(find(QStringLiteral("search")), "click"));
+    ASSERT_TRUE(settle());
+    const auto networks = [&](bool pressable, int status) {
+        QList<QQuickItem *> found;
+        visit(page(), [&](QQuickItem &item) {
+            if (item.objectName().startsWith(QLatin1String("found:"))
+                && item.property("pressable") == pressable && item.property("status") == status)
+                found << &item;
+        });
+        return found;
+    };
+    constexpr int available = 1;
+    constexpr int registered = 2;
+    constexpr int forbidden = 3;
+    QQuickItem *const automatic = find(QStringLiteral("automatic"));
+    ASSERT_TRUE(automatic->property("checked").toBool());
+    ASSERT_EQ(networks(false, registered).size(), 1);
+    ASSERT_FALSE(networks(false, available).isEmpty());
+    ASSERT_FALSE(networks(false, forbidden).isEmpty());
+    EXPECT_TRUE(networks(true, available).isEmpty());
+
+    ASSERT_TRUE(QMetaObject::invokeMethod(automatic, "click"));
+    ASSERT_TRUE(settle());
+    ASSERT_FALSE(automatic->property("checked").toBool());
+    EXPECT_TRUE(networks(true, registered).isEmpty());
+    EXPECT_TRUE(networks(true, forbidden).isEmpty());
+    ASSERT_FALSE(networks(true, available).isEmpty());
+
+    // The home network is left after a question.
+    QQuickItem *const other = networks(true, available).constFirst();
+    const QString name = other->objectName();
+    ASSERT_TRUE(QMetaObject::invokeMethod(other, "click"));
+    ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("confirm")) != nullptr; }));
+    EXPECT_NE(find(name)->property("status").toInt(), registered);
+    ASSERT_TRUE(QMetaObject::invokeMethod(find(QStringLiteral("confirm")), "click"));
+    EXPECT_TRUE(waitFor([&] { return find(name)->property("status").toInt() == registered; }));
+    ASSERT_TRUE(settle());
+    EXPECT_FALSE(automatic->property("checked").toBool());
+}
+
+TEST_F(PagesTest, ForwardingOfAllCallsOverrulesTheOthers)
+{
+    open(QStringLiteral("forwarding"), {.calm = true});
+    ASSERT_TRUE(settle());
+    const QQuickItem *const busy = find(QStringLiteral("when-busy"));
+    EXPECT_EQ(busy->property("description").toString(), QString());
+    auto *const rule = find(QStringLiteral("always"))->property("rule").value<QObject *>();
+    ASSERT_TRUE(QMetaObject::invokeMethod(rule, "activate", Q_ARG(QString, QStringLiteral("+4930123")),
+                                          Q_ARG(int, 0)));
+    EXPECT_TRUE(waitFor([&] {
+        return busy->property("description").toString()
+            == QStringLiteral("Has no effect while “Always” is on");
+    }));
+}
+
+TEST_F(PagesTest, ThePinIsEnteredWhereTheSimAsksForIt)
+{
+    for (const bool asks : {true, false}) {
+        phone().setAnswer("TAPI_SECURITY_GetPin1Status",
+                          {.result = 0, .out = {std::string(1, asks ? '\1' : '\0')}});
+        open(QStringLiteral("security"));
+        ASSERT_TRUE(settle());
+        EXPECT_EQ(find(QStringLiteral("enter-pin")) != nullptr, asks);
+        EXPECT_EQ(find(QStringLiteral("lock"))->property("pressable").toBool(), !asks);
+    }
+}
+
 TEST_F(PagesTest, ALimitIsRemoved)
 {
     open(QStringLiteral("costs"), {.calm = true});
