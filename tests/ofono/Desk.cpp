@@ -10,6 +10,7 @@
 #include <fstream>
 #include <iterator>
 #include <memory>
+#include <sstream>
 #include <thread>
 
 namespace Desk {
@@ -109,8 +110,9 @@ void Traffic::waitFor(const std::string &command) const
     EXPECT_TRUE(becomes([&] {
         std::ifstream log(folder() + "/daemon.log");
         log.seekg(m_begin);
-        const std::string sent((std::istreambuf_iterator<char>(log)), std::istreambuf_iterator<char>());
-        return sent.find("> AT" + command) != std::string::npos;
+        std::ostringstream sent;
+        sent << log.rdbuf();
+        return sent.str().find("> AT" + command) != std::string::npos;
     })) << command;
 }
 
