@@ -1,14 +1,20 @@
 // What the product offers.
 #include "Product.h"
 
+#include "Descriptor.h"
+
 #include <QString>
 
+#include <array>
 #include <cerrno>
 #include <charconv>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <fstream>
+#include <sstream>
+
+#include <fcntl.h>
+#include <sys/stat.h>
 
 namespace Handset {
 
@@ -58,6 +64,27 @@ void report(const std::string &path, int line, const std::string &what)
     std::fprintf(stderr, "product: %s, line %d: %s\n", path.c_str(), line, what.c_str());
 }
 
+/** False with the reason when it cannot be read. A pipe would keep the program waiting for a writer. */
+bool readWhole(const std::string &path, std::string &contents, const char *&reason)
+{
+    const Descriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    struct stat status = {};
+    if (!file || fstat(file.number(), &status) != 0) {
+        reason = std::strerror(errno);
+        return false;
+    }
+    if (!S_ISREG(status.st_mode)) {
+        reason = "not a regular file";
+        return false;
+    }
+    std::array<char, 4096> bytes = {};
+    ssize_t count = 0;
+    while ((count = ::read(file.number(), bytes.data(), bytes.size())) > 0)
+        contents.append(bytes.data(), static_cast<std::size_t>(count));
+    reason = count < 0 ? std::strerror(errno) : nullptr;
+    return count == 0;
+}
+
 } // namespace
 
 const Product &Product::instance()
@@ -65,7 +92,7 @@ const Product &Product::instance()
     // Never destroyed: an application may use the engine until the process is gone.
     static const auto *const product = [] {
         auto *const read = new Product;
-        if (!read->readNamed() && std::ifstream(defaultFile).good())
+        if (!read->readNamed() && access(defaultFile, F_OK) == 0)
             read->read(defaultFile);
         return read;
     }();
@@ -80,11 +107,13 @@ Product::Product()
 
 bool Product::read(const std::string &path)
 {
-    std::ifstream file(path);
-    if (!file) {
-        std::fprintf(stderr, "product: %s: %s\n", path.c_str(), std::strerror(errno));
+    std::string contents;
+    const char *reason = nullptr;
+    if (!readWhole(path, contents, reason)) {
+        std::fprintf(stderr, "product: %s: %s\n", path.c_str(), reason);
         return false;
     }
+    std::istringstream file(contents);
     std::string section;
     std::string text;
     for (int number = 1; std::getline(file, text); ++number) {
@@ -108,7 +137,7 @@ bool Product::read(const std::string &path)
 
 bool Product::readNamed()
 {
-    const char *const named = std::getenv("KVQ_PRODUCT");
+    const char *const named = secure_getenv("KVQ_PRODUCT");
     if (!named || !*named)
         return false;
     read(named);

@@ -15,7 +15,7 @@ namespace Handset {
  *
  * The file is /etc/kvq/product.conf, or the one that KVQ_PRODUCT names; handset/product.conf describes every key.
  * What it does not name is as in that description, and so is everything when there is no such file. A line that
- * says nothing sensible is reported on standard error with its number and has no effect.
+ * says nothing sensible is reported on standard error with its number and has no effect. So is what is no regular file.
  */
 struct Product {
     /** The product of this phone, read once. */

@@ -83,7 +83,7 @@ _TAPI_RESULT_E resultOf(std::string_view error)
 milliseconds atHandLength()
 {
     static const milliseconds length = [] {
-        const char *const text = std::getenv("KVQ_OFONO_DEADLINE_MS");
+        const char *const text = secure_getenv("KVQ_OFONO_DEADLINE_MS");
         const long value = text ? std::strtol(text, nullptr, 10) : 0;
         return value > 0 && value <= 60000 ? milliseconds(value) : milliseconds(2000);
     }();
@@ -514,7 +514,7 @@ _TAPI_RESULT_E Daemon::chooseModem(std::string &path, Time end)
     }
     if (!path.empty())
         return TAPI_RESULT_SUCC;
-    if (const char *const named = std::getenv("KVQ_MODEM")) {
+    if (const char *const named = secure_getenv("KVQ_MODEM")) {
         path = named;
         return sd_bus_object_path_is_valid(named) > 0 ? TAPI_RESULT_SUCC : TAPI_RESULT_MODEM_OFFLINE;
     }

@@ -22,6 +22,19 @@
 
 namespace {
 
+/** Whether the process has more rights than its user's, as the C library would tell it. */
+bool privileged = false;
+
+} // namespace
+
+/** Stands in for the C library's. */
+extern "C" char *secure_getenv(const char *name) noexcept
+{
+    return privileged ? nullptr : std::getenv(name);
+}
+
+namespace {
+
 constexpr unsigned short secondLine = 2007;
 constexpr unsigned short hearingAidBit = 408;
 constexpr unsigned short operatorNames = 2037;
@@ -109,6 +122,36 @@ TEST_F(HandsetTest, ReportsWhatTheProductsFileCannotMean)
         EXPECT_NE(told.find(line), std::string::npos) << line << '\n' << told;
     EXPECT_FALSE(product.hasFeature(secondLine));
     EXPECT_TRUE(product.hasFeature(160));
+}
+
+TEST_F(HandsetTest, ReadsNoProductsFileButARegularOne)
+{
+    ASSERT_EQ(mkfifo(path("pipe").c_str(), 0600), 0); // nobody will ever write to it
+    ASSERT_EQ(mkdir(path("folder").c_str(), 0700), 0);
+    for (const std::string &name : {path("pipe"), path("folder"), std::string("/dev/null")}) {
+        Handset::Product product;
+        testing::internal::CaptureStderr();
+        EXPECT_FALSE(product.read(name)) << name;
+        EXPECT_EQ(testing::internal::GetCapturedStderr(), "product: " + name + ": not a regular file\n");
+    }
+    ASSERT_EQ(symlink(write("real.conf", "[features]\n2007 = yes\n").c_str(), path("link.conf").c_str()), 0);
+    Handset::Product product;
+    EXPECT_TRUE(product.read(path("link.conf"))); // a vendor's file, say
+    EXPECT_TRUE(product.hasFeature(secondLine));
+}
+
+/** Else a user could steer a program that may more than the user. */
+TEST_F(HandsetTest, LeavesTheEnvironmentAloneInAPrivilegedProgram)
+{
+    setenv("KVQ_PRODUCT", write("product.conf", "[features]\n2007 = yes\n").c_str(), 1);
+    Handset::Product product;
+    for (const bool isPrivileged : {true, false}) {
+        privileged = isPrivileged;
+        EXPECT_EQ(product.readNamed(), !isPrivileged);
+        EXPECT_TRUE(apartWithState(leave));
+        EXPECT_EQ(access(path("kvq/phone-state").c_str(), F_OK) == 0, !isPrivileged);
+    }
+    unsetenv("KVQ_PRODUCT");
 }
 
 /** The file that is shipped says what holds without it. */
