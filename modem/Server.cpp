@@ -18,10 +18,24 @@ namespace AtModem {
 namespace {
 
 constexpr int backlog = 16;
-constexpr std::size_t maxPeers = 64;
-constexpr std::size_t maxControlLine = 4096;
+constexpr std::ptrdiff_t maxPeersOfAKind =
+    64; // so that whoever fills the port does not lock out the modem's owner
+constexpr std::size_t maxLine = 4096;
 /** Who does not read what it is sent is cut off. */
 constexpr std::size_t maxUnsent = 1U << 20;
+
+/**
+ * Whether the first line, or what there is of it, is that of a web browser. Any page could lead one here, and say
+ * commands behind its headers. Pages may also choose methods of their own.
+ */
+bool isWebRequest(std::string_view line)
+{
+    constexpr std::string_view secured = "\x16\x03";
+    constexpr std::array<std::string_view, 5> methods = {"GET ", "POST ", "PUT ", "HEAD ", "OPTIONS "};
+    const auto beginsWith = [line](std::string_view begin) { return line.substr(0, begin.size()) == begin; };
+    return beginsWith(secured) || std::any_of(methods.begin(), methods.end(), beginsWith)
+        || line.find(" HTTP/") != std::string_view::npos;
+}
 
 template <typename Address>
 bool bindAndListen(const Descriptor &socket, const Address &address)
@@ -96,7 +110,7 @@ void Server::watch(int descriptor, std::function<bool()> reader)
 void Server::acceptPeer(const Descriptor &listener, bool control)
 {
     Descriptor socket(accept4(listener.number(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
-    if (!socket.isOpen() || m_peers.size() == maxPeers)
+    if (!socket.isOpen() || !makeRoom(control))
         return;
     auto peer = std::make_unique<Peer>();
     peer->socket = std::move(socket);
@@ -111,15 +125,48 @@ void Server::acceptPeer(const Descriptor &listener, bool control)
     m_peers.push_back(std::move(peer));
 }
 
+/** At the limit the one goes that has been there longest without a whole line. False when all have spoken. */
+bool Server::makeRoom(bool control)
+{
+    const auto isOfKind = [control](const auto &peer) { return (peer->session == nullptr) == control; };
+    if (std::count_if(m_peers.begin(), m_peers.end(), isOfKind) < maxPeersOfAKind)
+        return true;
+    const auto idle = std::find_if(m_peers.begin(), m_peers.end(),
+                                   [&](const auto &peer) { return isOfKind(peer) && !peer->hasSpoken; });
+    if (idle == m_peers.end())
+        return false;
+    if ((*idle)->session)
+        (*idle)->session->disconnect();
+    m_peers.erase(idle);
+    return true;
+}
+
+/** False for who has nothing to say to a modem. */
+bool Server::takeCommandBytes(Peer &peer, std::string_view bytes)
+{
+    if (!peer.hasSpoken) {
+        const std::size_t end = bytes.find('\r');
+        peer.line += bytes.substr(0, end);
+        if (isWebRequest(peer.line) || peer.line.size() > maxLine) {
+            m_modem.log("<", "no command line, so the connection ends");
+            return false;
+        }
+        peer.hasSpoken = end != std::string_view::npos;
+    }
+    peer.session->receive(bytes);
+    return true;
+}
+
 /** One line in; what it came to out, closed by a line that says ok or what was wrong. */
 void Server::takeControlBytes(Peer &peer, std::string_view bytes)
 {
     for (const char byte : bytes) {
         if (byte != '\n') {
-            if (peer.line.size() < maxControlLine)
+            if (peer.line.size() < maxLine)
                 peer.line += byte;
             continue;
         }
+        peer.hasSpoken = true;
         const Prompt::Reply reply = m_prompt.run(std::exchange(peer.line, {}));
         peer.output += reply.text;
         if (reply.status != Prompt::Status::Mistake)
@@ -152,10 +199,10 @@ bool Server::serve(Peer &peer, short events)
             return false;
         if (received > 0) {
             const std::string_view bytes(buffer.data(), static_cast<std::size_t>(received));
-            if (peer.session)
-                peer.session->receive(bytes);
-            else
+            if (!peer.session)
                 takeControlBytes(peer, bytes);
+            else if (!takeCommandBytes(peer, bytes))
+                return false;
         }
     }
     return flush(peer) && peer.output.size() < maxUnsent;
@@ -179,9 +226,12 @@ void Server::run()
         waited.push_back({m_commands.number(), POLLIN, 0});
         waited.push_back({m_control.number(), POLLIN, 0});
         for (const auto &peer : m_peers) {
-            const auto wanted = static_cast<short>(peer->output.empty() ? POLLIN : POLLIN | POLLOUT);
+            // Nothing more comes of one that is closing, and its end would be found again and again.
+            const int toRead = peer->closing ? 0 : POLLIN;
+            const int toWrite = peer->output.empty() ? 0 : POLLOUT;
             // What a silent modem is sent stays in the socket, even the news that nobody is there any more.
-            waited.push_back({isSilent(*peer) ? -1 : peer->socket.number(), wanted, 0});
+            waited.push_back(
+                {isSilent(*peer) ? -1 : peer->socket.number(), static_cast<short>(toRead | toWrite), 0});
         }
         const std::size_t watchedFrom = waited.size();
         for (const auto &[descriptor, reader] : m_watched)

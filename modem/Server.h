@@ -70,16 +70,19 @@ public:
     void stop() { m_stopped = true; }
 
 private:
-    /** One connected peer: what it still is to be sent, and what has come of its line. */
+    /** One connected peer. */
     struct Peer {
         Descriptor socket;
         std::shared_ptr<Session> session; ///< null for a control connection
-        std::string line;
+        std::string line;                 ///< a control line; of a command connection the first line only
         std::string output;
-        bool closing = false; ///< to be closed once it was sent everything
+        bool hasSpoken = false; ///< has sent a whole line
+        bool closing = false;   ///< to be closed once it was sent everything
     };
 
     void acceptPeer(const Descriptor &listener, bool control);
+    bool makeRoom(bool control);
+    bool takeCommandBytes(Peer &peer, std::string_view bytes);
     bool serve(Peer &peer, short events);
     void takeControlBytes(Peer &peer, std::string_view bytes);
     bool isSilent(const Peer &peer) const { return m_modem.silent && peer.session; }

@@ -10,9 +10,14 @@
 #include <netinet/in.h>
 #include <sys/socket.h>
 #include <sys/time.h>
+#include <sys/un.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
+#include <cerrno>
+#include <fstream>
+#include <vector>
 
 namespace {
 
@@ -72,6 +77,30 @@ protected:
             answer.append(buffer.data(), static_cast<std::size_t>(received));
         }
         return answer;
+    }
+
+    /** Whether the other side has ended the connection, within the deadline of its socket. */
+    static bool hasEnded(int peer)
+    {
+        std::array<char, 4096> buffer = {};
+        ssize_t received = 0;
+        while ((received = recv(peer, buffer.data(), buffer.size(), 0)) > 0)
+            continue;
+        return received == 0 || errno == ECONNRESET;
+    }
+
+    /** Waits until the program waits for something; a program that runs and runs never does. */
+    bool fallsAsleep() const
+    {
+        const std::string path = "/proc/" + std::to_string(m_program.processId()) + "/stat";
+        for (int look = 0; look < 3000; ++look) {
+            std::string text;
+            std::getline(std::ifstream(path), text);
+            if (text.substr(text.rfind(')') + 2, 1) == "S")
+                return true;
+            usleep(10'000);
+        }
+        return false;
     }
 
     QProcess m_program;
@@ -168,4 +197,84 @@ TEST_F(ProgramTest, ScriptsAndPlainLinesReportTheirMistakes)
     for (const char *const wrong : {"--bogus", "--port=70000", "--port=x", "stray"})
         EXPECT_EQ(once({QString::fromLatin1(wrong)}).first, 2) << wrong;
     EXPECT_TRUE(once({QStringLiteral("--version")}).second.startsWith("kvq-modem "));
+}
+
+/** Any page could have a browser on this machine send such, with commands in what follows. */
+TEST_F(ProgramTest, AWebRequestEndsTheConnection)
+{
+    start({});
+    const std::string dials = "\r\nHost: localhost\r\n\r\nAT+CFUN=1;+CCFC=1,3,\"666\",129,1\r";
+    for (const std::string &request :
+         {"POST / HTTP/1.1" + dials, "GET /?AT+CFUN=1" + dials, "ATZ / HTTP/1.1" + dials,
+          "\x16\x03\x01" + dials, std::string(9000, 'A') + dials}) {
+        // Also where it comes in pieces.
+        for (const std::size_t piece : {request.size(), std::size_t(3)}) {
+            const int peer = connectToPort();
+            for (std::size_t at = 0; at < request.size(); at += piece) {
+                if (send(peer, &request[at], std::min(piece, request.size() - at), MSG_NOSIGNAL) < 0)
+                    break;
+            }
+            EXPECT_TRUE(hasEnded(peer)) << request.substr(0, 40);
+            close(peer);
+        }
+    }
+    const int peer = connectToPort();
+    EXPECT_THAT(ask(peer, "ATE0;+CFUN=1;+CCFC=1,2,,,1"), testing::Not(testing::HasSubstr("666")));
+    close(peer);
+}
+
+TEST_F(ProgramTest, IdlePeersLockNobodyOut)
+{
+    const QTemporaryDir folder;
+    const QString control = folder.filePath(QStringLiteral("control"));
+    start({QStringLiteral("--no-prompt"), QStringLiteral("--control"), control});
+    const int first = connectToPort();
+    EXPECT_THAT(ask(first, "AT"), testing::HasSubstr("OK"));
+    std::vector<int> idle(100);
+    for (int &peer : idle)
+        peer = connectToPort();
+    EXPECT_TRUE(hasEnded(idle.front()));
+    EXPECT_THAT(ask(idle.back(), "AT"), testing::HasSubstr("OK"));
+    EXPECT_THAT(ask(first, "AT"), testing::HasSubstr("OK")) << "who has spoken stays";
+    EXPECT_EQ(once({QStringLiteral("--tell"), control, QStringLiteral("AT")}),
+              std::make_pair(0, QByteArray("OK\n")));
+    // With the port full of such that have spoken, the owner is still heard.
+    for (int &peer : idle) {
+        close(peer);
+        peer = connectToPort();
+        ask(peer, "AT");
+    }
+    EXPECT_EQ(once({QStringLiteral("--tell"), control, QStringLiteral("quit")}).first, 0);
+    for (const int peer : idle)
+        close(peer);
+    close(first);
+}
+
+/** One that has said all it will and does not read what it is sent is waited for asleep. */
+TEST_F(ProgramTest, APeerThatDoesNotReadKeepsNobodyBusy)
+{
+    const QTemporaryDir folder;
+    const QString control = folder.filePath(QStringLiteral("control"));
+    start({QStringLiteral("--no-prompt"), QStringLiteral("--control"), control});
+    const int peer = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_un place = {};
+    place.sun_family = AF_UNIX;
+    control.toLatin1().toStdString().copy(place.sun_path, sizeof place.sun_path - 1);
+    ASSERT_EQ(connect(peer, reinterpret_cast<const sockaddr *>(&place), sizeof place), 0);
+    constexpr int times = 250; // more than the socket takes
+    std::string lines;
+    for (int line = 0; line < times; ++line)
+        lines += ".help\n";
+    ASSERT_EQ(send(peer, lines.data(), lines.size(), MSG_NOSIGNAL), static_cast<ssize_t>(lines.size()));
+    ASSERT_EQ(shutdown(peer, SHUT_WR), 0);
+    // The modem has seen all that when it has answered somebody who came later.
+    EXPECT_EQ(once({QStringLiteral("--tell"), control, QStringLiteral("AT")}).first, 0);
+    EXPECT_TRUE(fallsAsleep());
+    std::string answers;
+    std::array<char, 4096> buffer = {};
+    for (ssize_t received = 0; (received = recv(peer, buffer.data(), buffer.size(), 0)) > 0;)
+        answers.append(buffer.data(), static_cast<std::size_t>(received));
+    close(peer);
+    EXPECT_GT(answers.size(), 300'000U);
+    EXPECT_EQ(answers.substr(answers.size() - 4), "\nok\n") << "what was asked is answered";
 }
