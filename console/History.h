@@ -1,6 +1,8 @@
 // The lines typed at the prompt, from one run to the next.
 #pragma once
 
+#include "Descriptor.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -11,7 +13,8 @@ namespace Console {
 /**
  * A file of lines that only its user may read.
  *
- * A line is in the file as soon as it was added, so what ends the console takes no history with it.
+ * A line is in the file as soon as it was added, so what ends the console takes no history with it. A file that others
+ * may read is narrowed; a link, and a file of somebody else, are left alone, and lines are not kept then.
  */
 class History {
 public:
@@ -23,6 +26,7 @@ public:
 
 private:
     void write(const QStringList &lines, bool anew);
+    Descriptor open(int flags) const;
 
     QString m_file;
     std::function<bool(const QString &line)> m_mayBeKept;

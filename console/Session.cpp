@@ -1,6 +1,7 @@
 // Running lines: operations, commands and scripts.
 #include "Session.h"
 
+#include "DialledSecret.h"
 #include "Help.h"
 #include "SimulatedPhoneControl.h"
 
@@ -154,6 +155,8 @@ Status Session::runScript(const QString &path)
 
 bool Session::mayBeKept(const QString &line) const
 {
+    if (Handset::carriesSecret(line.toStdString()))
+        return false;
     QStringList words;
     if (!splitWords(line, words) || words.isEmpty())
         return false;
@@ -166,6 +169,8 @@ bool Session::mayBeKept(const QString &line) const
 
 bool Session::carriesPin(const QString &line)
 {
+    if (Handset::carriesSecret(line.toStdString()))
+        return true;
     QStringList words;
     splitWords(line, words);
     const QString name = words.isEmpty() ? QString() : words.first();

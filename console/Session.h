@@ -43,7 +43,7 @@ public:
 
     /** Whether a line may be kept: one that would run, and that carries no PIN or PUK. */
     bool mayBeKept(const QString &line) const;
-    /** Whether a line calls an operation that takes a PIN or a PUK. */
+    /** Whether a line calls an operation that takes a PIN or a PUK, or dials one. */
     static bool carriesPin(const QString &line);
 
     /** Whether something that was to be shown could not be written. */

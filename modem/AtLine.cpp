@@ -1,6 +1,8 @@
 // The syntax of AT command lines.
 #include "AtLine.h"
 
+#include "DialledSecret.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -211,13 +213,14 @@ std::optional<std::vector<Command>> parseLine(std::string_view line)
 
 std::string maskSecrets(std::string_view line)
 {
-    // The commands that carry a PIN or PUK, and the procedures that a user dials to change one.
-    constexpr std::array<std::string_view, 8> carriers = {"+CPIN=", "+CPWD", "+CLCK", "+CACM",
-                                                          "+CAMM",  "+CPUC", "*04",   "*05"};
+    constexpr std::array<std::string_view, 6> carriers = {"+CPIN=", "+CPWD", "+CLCK",
+                                                          "+CACM",  "+CAMM", "+CPUC"};
     constexpr std::size_t shortestSecret = 3;
     const std::string capitals = inCapitals(line);
-    if (std::none_of(carriers.begin(), carriers.end(),
-                     [&](std::string_view carrier) { return capitals.find(carrier) != std::string::npos; }))
+    const bool carriesOne = std::any_of(carriers.begin(), carriers.end(), [&](std::string_view carrier) {
+        return capitals.find(carrier) != std::string::npos;
+    });
+    if (!carriesOne && !Handset::carriesSecret(line))
         return std::string(line);
     std::string masked;
     Reader reader(line);

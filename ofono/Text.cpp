@@ -58,6 +58,7 @@ bool isPhoneNumber(std::string_view text, std::size_t mostDigits)
 std::string withoutPunctuation(std::string_view number)
 {
     std::string bare;
+    bare.reserve(number.size()); // a text that grows leaves its beginnings behind
     for (const char character : number) {
         if (!std::strchr(" -./()", character))
             bare += character;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -32,5 +33,21 @@ bool isPhoneNumber(std::string_view text, std::size_t mostDigits);
 
 /** Leaves out what people write between the digits of a number. */
 std::string withoutPunctuation(std::string_view number);
+
+/** Wipes a text that may carry a PIN when it goes itself. */
+class Wiper {
+public:
+    explicit Wiper(std::string &text)
+        : m_text(text)
+    {
+    }
+    ~Wiper() { explicit_bzero(m_text.data(), m_text.size()); }
+
+    Wiper(const Wiper &) = delete;
+    Wiper &operator=(const Wiper &) = delete;
+
+private:
+    std::string &m_text;
+};
 
 } // namespace Ofono

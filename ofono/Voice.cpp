@@ -1,5 +1,6 @@
 // Voice calls, and what sounds in them.
 #include "Calls.h"
+#include "DialledSecret.h"
 #include "Interfaces.h"
 #include "NextCall.h"
 #include "Text.h"
@@ -119,7 +120,8 @@ bool isDialString(std::string_view text)
 
 _TAPI_RESULT_E dial(const unsigned char *dialString, _TAPI_CALL_RESTRICT_ID_E callerId, unsigned char *callId)
 {
-    const std::string number = withoutPunctuation(textOf(dialString, 2 * longestNumber));
+    std::string number = withoutPunctuation(textOf(dialString, 2 * longestNumber));
+    const Wiper wiper(number);
     if (!isDialString(number))
         return TAPI_RESULT_INVALID_PARAM;
     NextCall choice; // put back when the call is refused
@@ -127,8 +129,13 @@ _TAPI_RESULT_E dial(const unsigned char *dialString, _TAPI_CALL_RESTRICT_ID_E ca
         callerId = choice.take();
     Answer answer;
     const char *const hide = callerIdChoices[callerId];
-    const _TAPI_RESULT_E result = Daemon::instance().request(
-        {voiceCallManager, "Dial", {Value(number.c_str()), Value(hide)}, Deadline::Network}, answer);
+    const _TAPI_RESULT_E result = Daemon::instance().request({voiceCallManager,
+                                                              "Dial",
+                                                              {Value(number.c_str()), Value(hide)},
+                                                              Deadline::Network,
+                                                              {},
+                                                              Handset::carriesSecret(number)},
+                                                             answer);
     if (result != TAPI_RESULT_SUCC)
         return result;
     choice.use();
@@ -155,17 +162,21 @@ std::string serviceString(const _TAPI_USSD_REQ_APP_MSG_S &request)
 {
     const std::size_t length = std::min<std::size_t>(request.length, sizeof request.text);
     std::string text;
+    text.reserve(length); // a text that grows leaves its beginnings behind
     if (request.dataCodingScheme == stringsInUcs2) {
         for (std::size_t position = 0; position + 1 < length; position += 2) {
-            if (request.text[position] != 0) // the daemon takes what can be keyed in
-                return {};
-            text += static_cast<char>(request.text[position + 1]);
+            // The daemon takes what can be keyed in.
+            text += request.text[position] == 0 ? static_cast<char>(request.text[position + 1]) : '\0';
         }
     } else {
         text = textOf(request.text, length);
     }
     const auto isPlain = [](char character) { return character >= ' ' && character <= '~'; };
-    return std::all_of(text.begin(), text.end(), isPlain) ? text : std::string();
+    if (!std::all_of(text.begin(), text.end(), isPlain)) {
+        explicit_bzero(text.data(), text.size());
+        text.clear();
+    }
+    return text;
 }
 
 } // namespace
@@ -365,7 +376,8 @@ _TAPI_RESULT_E TAPI_CALL_GetAllCallSessions(_TAPI_CALL_SESSION_TABLE_S *table)
  */
 _TAPI_RESULT_E TAPI_USSD_MakeRequest(_TAPI_USSD_REQ_APP_MSG_S *request)
 {
-    const std::string text = serviceString(*request);
+    std::string text = serviceString(*request);
+    const Wiper wiper(text);
     if (text.empty())
         return TAPI_RESULT_INVALID_PARAM;
     Properties services;
@@ -374,6 +386,11 @@ _TAPI_RESULT_E TAPI_USSD_MakeRequest(_TAPI_USSD_REQ_APP_MSG_S *request)
     if (result != TAPI_RESULT_SUCC)
         return result;
     const bool isAsked = services.text("State") == "user-response";
-    return Daemon::instance().begin(
-        {supplementaryServices, isAsked ? "Respond" : "Initiate", {Value(text.c_str())}, Deadline::Network});
+    // What the network asked for may be a password as well.
+    return Daemon::instance().begin({supplementaryServices,
+                                     isAsked ? "Respond" : "Initiate",
+                                     {Value(text.c_str())},
+                                     Deadline::Network,
+                                     {},
+                                     isAsked || Handset::carriesSecret(text)});
 }

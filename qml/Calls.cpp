@@ -1,6 +1,8 @@
 // How calls are watched and requested.
 #include "Calls.h"
 
+#include "Secret.h"
+
 #include <utility>
 
 namespace Kvq {
@@ -49,11 +51,6 @@ Answer readCalls(Engine &)
 unsigned char callIdOf(int callId)
 {
     return callId > 0 && callId < 255 ? static_cast<unsigned char>(callId) : 0;
-}
-
-unsigned char *dialString(QByteArray &number)
-{
-    return reinterpret_cast<unsigned char *>(number.data());
 }
 
 /** A request with one call id and nothing else. */
@@ -180,11 +177,13 @@ Request *Calls::callRequest(Job job)
 
 Request *Calls::dial(const QString &number)
 {
-    return callRequest([number = number.toLatin1()](Engine &) mutable {
+    return callRequest([dialled = Secret(number), isEmpty = number.isEmpty()](Engine &) {
         unsigned char callId = 0;
-        const _TAPI_RESULT_E result = PHONE_ENG_TAPI_CALL_VOICECALL_MakeReq(0, dialString(number), &callId);
-        return number.isEmpty() ? Operations::answerOf(TAPI_RESULT_CALL_NO_NUMBER)
-                                : Operations::answerOf(result, callId);
+        const _TAPI_RESULT_E result = dialled.withLatin1([&callId](unsigned char *text) {
+            return PHONE_ENG_TAPI_CALL_VOICECALL_MakeReq(0, text, &callId);
+        });
+        return isEmpty ? Operations::answerOf(TAPI_RESULT_CALL_NO_NUMBER)
+                       : Operations::answerOf(result, callId);
     });
 }
 
@@ -261,15 +260,17 @@ Request *Calls::connectCalls(int first, int second)
 
 Request *Calls::transfer(int callId, const QString &number)
 {
-    return callRequest(onCall(callId, [number = number.toLatin1()](unsigned char id) mutable {
-        return PHONE_ENG_TAPI_CALL_VOICECALL_TransferReq(id, dialString(number));
+    return callRequest(onCall(callId, [dialled = Secret(number)](unsigned char id) {
+        return dialled.withLatin1(
+            [id](unsigned char *text) { return PHONE_ENG_TAPI_CALL_VOICECALL_TransferReq(id, text); });
     }));
 }
 
 Request *Calls::sendTones(int callId, const QString &digits)
 {
-    return m_activity->request(onCall(callId, [digits = digits.toLatin1()](unsigned char id) mutable {
-        return PHONE_ENG_TAPI_CALL_VOICECALL_DtmfStringReq(id, dialString(digits));
+    return m_activity->request(onCall(callId, [tones = Secret(digits)](unsigned char id) {
+        return tones.withLatin1(
+            [id](unsigned char *text) { return PHONE_ENG_TAPI_CALL_VOICECALL_DtmfStringReq(id, text); });
     }));
 }
 

@@ -1,8 +1,9 @@
-// A PIN or PUK on its way to the engine: wiped when it is no longer needed.
+// A PIN or PUK, or what is dialled and may hold one, on its way to the engine: wiped when it is no longer needed.
 #pragma once
 
 #include <QString>
 
+#include <algorithm>
 #include <cstring>
 #include <memory>
 #include <vector>
@@ -16,7 +17,7 @@ namespace Kvq {
 class Secret {
 public:
     explicit Secret(const QString &text)
-        : m_letters(new std::vector<QChar>(text.cbegin(), text.cend()), wipe)
+        : m_letters(new std::vector<QChar>(text.cbegin(), text.cend()), wipe<QChar>)
     {
     }
 
@@ -27,6 +28,18 @@ public:
         QString text(m_letters->data(), static_cast<qsizetype>(m_letters->size()));
         const Wiper wiper{text};
         return use(std::as_const(text));
+    }
+
+    /** The same with a NUL-terminated text of Latin-1 characters, as call control takes it. */
+    template <typename Use>
+    auto withLatin1(Use use) const
+    {
+        const std::unique_ptr<std::vector<unsigned char>, void (*)(std::vector<unsigned char> *)> text(
+            new std::vector<unsigned char>(m_letters->size() + 1), wipe<unsigned char>);
+        std::transform(m_letters->cbegin(), m_letters->cend(), text->begin(), [](QChar letter) {
+            return static_cast<unsigned char>(letter.unicode() <= 0xFF ? letter.unicode() : '?');
+        });
+        return use(text->data());
     }
 
 private:
@@ -41,9 +54,10 @@ private:
         }
     };
 
-    static void wipe(std::vector<QChar> *letters)
+    template <typename Letter>
+    static void wipe(std::vector<Letter> *letters)
     {
-        explicit_bzero(letters->data(), letters->size() * sizeof(QChar));
+        explicit_bzero(letters->data(), letters->size() * sizeof(Letter));
         delete letters;
     }
 

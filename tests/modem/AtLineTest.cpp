@@ -69,10 +69,13 @@ TEST(AtLineTest, NoSecretReachesALog)
     for (const char *const line :
          {"AT+CPIN=\"1234\"", "at+cpin=\"12345678\",\"1234\"", "AT+CLCK=\"SC\",1,\"1234\"",
           "AT+CPWD=\"P2\",\"1234\",\"12345678\"", "AT+CACM=\"1234\"", "AT+CAMM=\"00000F\",\"1234\"",
-          "AT+CPUC=\"EUR\",\"0.1\",\"1234\"", "ATD**04*1234*5678*5678#;", "AT+CPIN=\"1234",
+          "AT+CPUC=\"EUR\",\"0.1\",\"1234\"", "ATD**04*1234*5678*5678#;", "ATD**052 *12345678*1234*1234#;",
+          "AT+CUSD=1,\"*33*1234#\",15", "ATD*03*330*5678*1234*1234#;", "AT+CPIN=\"1234",
           "AT+CMEE=1;+CPIN=1234"})
         EXPECT_EQ(maskSecrets(line).find("1234"), std::string::npos) << line;
-    EXPECT_EQ(maskSecrets("AT+CCFC=0,3,\"5551234\""), "AT+CCFC=0,3,\"5551234\"");
+    for (const char *const line :
+         {"AT+CCFC=0,3,\"5551234\"", "ATD**21*0401234#;", "ATD*#33#;", "ATD0521234;"})
+        EXPECT_EQ(maskSecrets(line), line);
 }
 
 } // namespace AtModem

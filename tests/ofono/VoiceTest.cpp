@@ -1,5 +1,6 @@
 // Voice calls through the daemon.
 #include "Desk.h"
+#include "MemorySearch.h"
 
 #include <csignal>
 #include <thread>
@@ -235,4 +236,31 @@ TEST_F(VoiceOnOfono, BeginsAServiceDialogueWithoutWaiting)
     EXPECT_EQ(PHONE_ENG_TAPI_USSD_Make_Req(&request), TAPI_RESULT_INVALID_PARAM);
     request = {};
     EXPECT_EQ(PHONE_ENG_TAPI_USSD_Make_Req(&request), TAPI_RESULT_INVALID_PARAM);
+}
+
+/** Who changes a PIN by dialling trusts the phone as much as who does it on a page. */
+TEST_F(VoiceOnOfono, LeavesNoDialledPinInMemory)
+{
+    const auto write = [](unsigned char *place, std::string_view procedure) {
+        place = std::copy(procedure.begin(), procedure.end(), place);
+        for (const unsigned char digit : MemorySearch::hidden)
+            *place++ = digit ^ MemorySearch::mask;
+        *place++ = '#';
+        return place;
+    };
+    EXPECT_EQ(MemorySearch::findInMemory(), 0U);
+    for (const char *const procedure : {"**04*", "**05*", "*33*"}) {
+        std::array<unsigned char, 64> number = {};
+        write(number.data(), procedure);
+        unsigned char callId = 0;
+        PHONE_ENG_TAPI_CALL_VOICECALL_MakeReq(0, number.data(), &callId);
+        explicit_bzero(number.data(), number.size());
+        EXPECT_EQ(MemorySearch::findInMemory(), 0U) << "dialled " << procedure;
+
+        _TAPI_USSD_REQ_APP_MSG_S request = {};
+        request.length = static_cast<unsigned char>(write(request.text, procedure) - request.text);
+        PHONE_ENG_TAPI_USSD_Make_Req(&request);
+        explicit_bzero(&request, sizeof request);
+        EXPECT_EQ(MemorySearch::findInMemory(), 0U) << "requested " << procedure;
+    }
 }

@@ -24,8 +24,11 @@ using testing::HasSubstr;
 /** A console on a terminal of its own. */
 class PromptTest : public testing::Test {
 protected:
-    PromptTest()
+    PromptTest() { start(); }
+    void start()
     {
+        if (m_terminal >= 0)
+            close(m_terminal);
         const QProcessEnvironment environment = Program::environmentIn(m_directory.path());
         m_console = forkpty(&m_terminal, nullptr, nullptr, nullptr);
         if (m_console == 0) {
@@ -167,6 +170,8 @@ TEST_F(PromptTest, NoLineThatCarriesAPinIsKept)
 {
     const std::string result = "result = ";
     const std::string error = "error: ";
+    const std::string dial = "PHONE_ENG_TAPI_CALL_VOICECALL_MakeReq 0 ";
+    const std::string service = "PHONE_ENG_TAPI_USSD_Make_Req ";
     for (const auto &[line, shown] : {std::pair<std::string, std::string>("setupVerifySimPin 1234", result),
                                       {"  setupVerifySimPin  1234", result},
                                       {"PHONE_ENG_Setup::setupVerifySimPin 1234", result},
@@ -179,6 +184,12 @@ TEST_F(PromptTest, NoLineThatCarriesAPinIsKept)
                                       {"setFixedDialing on", error},
                                       {"setupVerifySimPin \"1234", error},
                                       {".log on 1234", error},
+                                      {dial + "**04*1234*5678*5678#", result},
+                                      {dial + "\"**042 * 1234*5678*5678#\"", result},
+                                      {dial + "**05*12345678*1234*1234#", result},
+                                      {dial + "*052*12345678*1234*1234#", result}, // mistyped
+                                      {service + "**04*1234*5678*5678#", result},
+                                      {service + "*33*1234*11#", result},
                                       {".nothing 1234", error}})
         type(line + "\r", shown);
     type("# setupVerifySimPin 1234\r", "> ");
@@ -190,6 +201,27 @@ TEST_F(PromptTest, NoLineThatCarriesAPinIsKept)
     struct stat status = {};
     ASSERT_EQ(stat(QFile::encodeName(historyFile()).constData(), &status), 0);
     EXPECT_EQ(status.st_mode & 0777, 0600U);
+}
+
+TEST_F(PromptTest, AHistoryThatOthersMayReadIsNarrowedAndALinkIsRefused)
+{
+    EXPECT_EQ(leave(), 0);
+    const std::string file = QFile::encodeName(historyFile()).toStdString();
+    ASSERT_EQ(chmod(file.c_str(), 0664), 0);
+    start();
+    type("isReminder\r", "result = ");
+    EXPECT_EQ(leave(), 0);
+    EXPECT_EQ(history(), "quit\nisReminder\nquit\n");
+    struct stat status = {};
+    ASSERT_EQ(stat(file.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777, 0600U);
+
+    const std::string elsewhere = file + "-elsewhere";
+    ASSERT_EQ(rename(file.c_str(), elsewhere.c_str()), 0);
+    ASSERT_EQ(symlink(elsewhere.c_str(), file.c_str()), 0);
+    start();
+    EXPECT_EQ(leave(), 0);
+    EXPECT_EQ(history(), "quit\nisReminder\nquit\n") << "nothing was written through the link";
 }
 
 } // namespace

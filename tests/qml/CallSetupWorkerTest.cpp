@@ -199,7 +199,14 @@ TEST(SecretTest, WhatWasHandedOutIsWipedAndTheCallersTextIsNot)
             return text == pin;
         }));
         EXPECT_EQ(kept, QString(4, QChar(0)));
+        EXPECT_EQ(
+            secret.withLatin1([](unsigned char *text) { return QByteArray(reinterpret_cast<char *>(text)); }),
+            "1234");
     }
+    EXPECT_EQ(Kvq::Secret(QString::fromUtf8("\xC3\xA4\xE2\x82\xAC")).withLatin1([](unsigned char *text) {
+        return QByteArray(reinterpret_cast<char *>(text));
+    }),
+              "\xE4?");
     EXPECT_EQ(pin, QLatin1String("1234"));
 }
 
