@@ -7,8 +7,6 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/packages.sh
 
-limit=$((128 * 1024)) # of the stripped library
-
 need_packages "${build_packages[@]}" "${test_packages[@]}" "${qml_packages[@]}" "${arm_packages[@]}" "${deb_packages[@]}"
 [[ -z ${KVQ_TALLY-} ]] && is_whole=true || is_whole=false
 source scripts/parts.sh
@@ -19,13 +17,8 @@ build() {
     cmake --build --preset "$1" -- --quiet
 }
 
-check_size() {
-    local strip size
-    strip=$(sed -n 's/^CMAKE_STRIP:[^=]*=//p' "build/$1/CMakeCache.txt")
-    "$strip" -o "build/$1/stripped" "build/$1/utility/libkvqcallsetupengine.so.1"
-    size=$(stat -c %s "build/$1/stripped")
-    echo "the stripped library ($1): $size bytes (at most $limit)"
-    ((size <= limit))
+check_protection() {
+    tests/hardening.sh "build/$1"
 }
 
 pack() {
@@ -57,7 +50,7 @@ pack() {
 status=0
 for architecture in arm64 armhf; do
     if part "Building ($architecture)" build "$architecture"; then
-        part "Size ($architecture)" check_size "$architecture" || status=1
+        part "Size ($architecture)" check_protection "$architecture" || status=1
         part "Packing ($architecture)" pack "$architecture" || status=1
         tests "$architecture" || status=1
     else
