@@ -21,7 +21,8 @@ constexpr int mistakeStatus = 2;
 
 int main(int argc, char **argv)
 {
-    prctl(PR_SET_DUMPABLE, 0); // else PINs could end in a dump of the memory, or before other programs of the user
+    prctl(PR_SET_DUMPABLE,
+          0); // else PINs could end in a dump of the memory, or before other programs of the user
     const QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("kvq-console"));
     QCoreApplication::setApplicationVersion(QStringLiteral(KVQ_VERSION));

@@ -8,7 +8,8 @@
 
 int main(int argc, char **argv)
 {
-    prctl(PR_SET_DUMPABLE, 0); // else PINs could end in a dump of the memory, or before other programs of the user
+    prctl(PR_SET_DUMPABLE,
+          0); // else PINs could end in a dump of the memory, or before other programs of the user
     QGuiApplication gui(argc, argv);
     QGuiApplication::setApplicationName(QStringLiteral("kvq-settings"));
     QGuiApplication::setApplicationVersion(QStringLiteral(KVQ_VERSION));

@@ -18,7 +18,7 @@ namespace MemorySearch {
 /** Kept apart by one bit a digit, so that the pattern itself is nowhere to be found. */
 inline constexpr unsigned char mask = 0x40;
 inline constexpr std::array<unsigned char, 8> hidden = {'9' ^ mask, '1' ^ mask, '8' ^ mask, '2' ^ mask,
-                                                 '7' ^ mask, '3' ^ mask, '6' ^ mask, '4' ^ mask};
+                                                        '7' ^ mask, '3' ^ mask, '6' ^ mask, '4' ^ mask};
 
 /** Whether it stands here as text of one or of two bytes a character. */
 inline bool standsAt(const unsigned char *memory, std::size_t size, std::size_t width)
