@@ -63,6 +63,7 @@ Rectangle {
                     width: parent.width
                     words: qsTr("Incoming call")
                     font.pixelSize: Theme.small
+                    wrapMode: Text.Wrap
                     color: Theme.accentSoftInk
                     Accessible.ignored: true
                 }

@@ -84,6 +84,8 @@ Column {
             words: field.hint
             font.pixelSize: Theme.body
             color: Theme.quiet
+            fontSizeMode: Text.HorizontalFit
+            minimumPixelSize: 9
             elide: Text.ElideRight
             horizontalAlignment: input.horizontalAlignment
             Accessible.ignored: true

@@ -4,7 +4,7 @@ import QtQuick.Controls.impl
 
 IconImage {
     property string symbol
-    property int side: 24
+    property real side: 24 * Theme.enlarged
 
     source: symbol === "" ? "" : "qrc:/qt/qml/Kvq/Settings/Controls/icons/" + symbol + ".svg"
     sourceSize.width: side

@@ -77,6 +77,9 @@ Column {
                         font.pixelSize: Theme.body
                         font.weight: segment.current ? Font.DemiBold : Font.Normal
                         color: segment.current ? Theme.accentSoftInk : Theme.text
+                        // Smaller where the place is narrow: all of the value must be seen.
+                        fontSizeMode: Text.HorizontalFit
+                        minimumPixelSize: 9
                         horizontalAlignment: Text.AlignHCenter
                         verticalAlignment: Text.AlignVCenter
                         Accessible.ignored: true

@@ -157,14 +157,16 @@ FocusScope {
                     color: row.ink === Theme.text ? Theme.accent : row.ink
                 }
 
-                ColumnLayout {
+                // No layout: one learns too late that words became two lines.
+                Column {
                     Layout.fillWidth: true
+                    Layout.preferredWidth: 1
                     spacing: 2
 
                     PlainText {
                         id: name
 
-                        Layout.fillWidth: true
+                        width: parent.width
                         words: row.label
                         font.pixelSize: row.large ? Theme.title : Theme.body
                         font.weight: row.large ? Font.DemiBold : Font.Normal
@@ -174,7 +176,7 @@ FocusScope {
                     }
 
                     PlainText {
-                        Layout.fillWidth: true
+                        width: parent.width
                         visible: line.stacked && row.known
                         words: row.value
                         font.pixelSize: Theme.body
@@ -184,7 +186,7 @@ FocusScope {
                     }
 
                     PlainText {
-                        Layout.fillWidth: true
+                        width: parent.width
                         visible: row.description !== ""
                         words: row.description
                         font.pixelSize: Theme.small

@@ -37,6 +37,9 @@ Item {
             width: Math.min(implicitWidth, whole.width - whole.signWidth)
             color: whole.ink
             wrapMode: Text.WordWrap
+            // A word that is too long for its place is smaller, not cut.
+            fontSizeMode: Text.HorizontalFit
+            minimumPixelSize: 9
             horizontalAlignment: Text.AlignHCenter
             Accessible.ignored: true
         }

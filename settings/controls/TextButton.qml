@@ -9,7 +9,7 @@ T.Button {
     property color ink: Theme.accent
 
     implicitWidth: Math.max(Theme.touch, contentItem.implicitWidth + 2 * Theme.unit)
-    implicitHeight: 44
+    implicitHeight: 44 * Theme.enlarged
     horizontalPadding: Theme.unit
     font.pixelSize: Theme.small
     font.weight: Font.DemiBold

@@ -14,20 +14,24 @@ QtObject {
     readonly property SystemPalette system: SystemPalette {}
     readonly property bool dark: wanted === "" ? system.window.hslLightness < 0.5 : wanted === "dark"
 
-    // The grid.
+    /** The letters of the system, and how much larger than usual they are. */
+    readonly property FontMetrics letters: FontMetrics {}
+    readonly property real enlarged: Math.max(1, Math.min(2, letters.font.pointSize / 12))
+
+    // The grid. What holds words grows with them.
     readonly property int unit: 8
     readonly property int margin: 2 * unit
-    readonly property int touch: 48
-    readonly property int row: 56
+    readonly property int touch: 48 * enlarged
+    readonly property int row: 56 * enlarged
     readonly property int radius: 12
-    readonly property int contentWidth: 640
+    readonly property int contentWidth: 640 * enlarged
     /** From this window width on, list and page stand side by side. */
     readonly property int twoPanes: 720
 
     // The type scale.
-    readonly property int title: 22
-    readonly property int body: 16
-    readonly property int small: 13
+    readonly property int title: 22 * enlarged
+    readonly property int body: 16 * enlarged
+    readonly property int small: 13 * enlarged
 
     readonly property int movement: calm ? 0 : 160
 

@@ -1,13 +1,33 @@
 // Nothing is cut off on a small screen, in any language.
 #include "SettingsTest.h"
 
+#include <QFont>
+#include <QGuiApplication>
+
 namespace {
 
-class FitTest : public SettingsTest, public testing::WithParamInterface<const char *> {
+struct Reader {
+    const char *language;
+    /** Size of the system's letters in points. */
+    int points;
+};
+
+class FitTest : public SettingsTest, public testing::WithParamInterface<Reader> {
 protected:
+    FitTest() { setLetters(GetParam().points); }
+    ~FitTest() override { setLetters(m_usual); }
+
+    static void setLetters(int points)
+    {
+        QFont font = QGuiApplication::font();
+        font.setPointSize(points);
+        QGuiApplication::setFont(font);
+    }
+
     /** Looks at every word on the screen: whole, inside the window, and not taller than where it stands. */
     void look() const
     {
+        window().grabWindow(); // all is where it stands
         int words = 0;
         visit(window().contentItem(), [&](QQuickItem &item) {
             if (!item.inherits("QQuickText") || item.property("text").toString().isEmpty())
@@ -36,13 +56,19 @@ protected:
             look();
         }
     }
+
+private:
+    const int m_usual = QGuiApplication::font().pointSize();
 };
 
 TEST_P(FitTest, EveryPage)
 {
     phone().setAnswer("TAPI_CS_GetChargeType", {.result = 0x9001, .out = {}, .times = -1});
-    open(QString(), {.language = QLatin1String(GetParam())});
+    open(QString(), {.language = QLatin1String(GetParam().language)});
     ASSERT_TRUE(settle());
+    const QQuickItem *const row = find(QStringLiteral("page:calls"));
+    ASSERT_NE(row, nullptr);
+    EXPECT_GE(row->height(), 56.0 * GetParam().points / 12) << "rows grow with the letters";
     look();
     lookAtEveryPage();
 }
@@ -50,7 +76,7 @@ TEST_P(FitTest, EveryPage)
 TEST_P(FitTest, EveryPageThatCouldNotBeRead)
 {
     phone().setAnswer("TAPI_*", {.result = 0x9001, .out = {}, .times = -1});
-    open(QString(), {.language = QLatin1String(GetParam())});
+    open(QString(), {.language = QLatin1String(GetParam().language)});
     ASSERT_TRUE(settle());
     lookAtEveryPage();
     phone().clearAnswer("TAPI_*");
@@ -67,7 +93,8 @@ TEST_P(FitTest, WhatIsAsked)
                      {"caller-id", "restriction"}};
     for (const auto &question : questions) {
         SCOPED_TRACE(question.item);
-        open(QString::fromLatin1(question.page), {.language = QLatin1String(GetParam()), .calm = true});
+        open(QString::fromLatin1(question.page),
+             {.language = QLatin1String(GetParam().language), .calm = true});
         ASSERT_TRUE(settle());
         ASSERT_TRUE(QMetaObject::invokeMethod(find(QString::fromLatin1(question.item)), "click"));
         ASSERT_TRUE(settle());
@@ -79,12 +106,14 @@ TEST_P(FitTest, WhatIsAsked)
 TEST_P(FitTest, ACall)
 {
     phone().ring("+491715550100");
-    open(QStringLiteral("calls"), {.language = QLatin1String(GetParam())});
+    open(QStringLiteral("calls"), {.language = QLatin1String(GetParam().language)});
     ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("hang-up")) != nullptr; }));
     ASSERT_TRUE(settle());
     look();
 }
 
-INSTANTIATE_TEST_SUITE_P(Languages, FitTest, testing::Values("en", "de"));
+INSTANTIATE_TEST_SUITE_P(
+    Readers, FitTest, testing::Values(Reader{"en", 12}, Reader{"de", 12}, Reader{"en", 18}, Reader{"de", 24}),
+    [](const auto &reader) { return reader.param.language + std::to_string(reader.param.points); });
 
 } // namespace
