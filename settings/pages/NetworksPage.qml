@@ -90,7 +90,7 @@ PhonePage {
 
                 function choose(): void {
                     if (page.isHome() && !home && !page.mayLeaveHome) {
-                        leaving.row = row;
+                        leaving.networkId = networkId;
                         leaving.ask();
                     } else {
                         register();
@@ -175,14 +175,18 @@ PhonePage {
     ConfirmSheet {
         id: leaving
 
-        property var row: null
+        property string networkId
 
         title: qsTr("Leave the home network?")
         text: qsTr("Calls in another network may cost more.")
         action: qsTr("Leave")
         onConfirmed: {
             page.mayLeaveHome = true;
-            row?.register();
+            // The list may have been read again since.
+            for (let row = 0; row < found.count; ++row) {
+                if (found.itemAt(row).networkId === networkId)
+                    found.itemAt(row).register();
+            }
         }
     }
 }
