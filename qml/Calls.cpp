@@ -138,6 +138,11 @@ int Calls::stateOf(int callId) const
 void Calls::take(QList<Call> calls)
 {
     const QList<Call> before = m_calls->list();
+    // A conference with one party left is a call.
+    if (std::count_if(calls.cbegin(), calls.cend(), [](const Call &call) { return call.joined; }) == 1) {
+        for (Call &call : calls)
+            call.joined = false;
+    }
     // A platform may know who called only as long as it rings.
     for (Call &call : calls) {
         call.incoming =

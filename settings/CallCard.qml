@@ -1,4 +1,4 @@
-// One call: who it is with, how it stands, and what can be done to it.
+// One call that runs: who it is with, how it stands and for how long, and what can be done to it.
 import QtQuick
 import Kvq.CallSetup
 import Kvq.Settings.Controls
@@ -11,38 +11,29 @@ Column {
     required property int callState
     required property bool incoming
     required property bool joined
-    required property bool canAnswer
     required property bool canHold
     required property bool canRetrieve
     required property bool canSplit
     required property bool canTransfer
     property Calls calls: null
+    property CallSummary summary: null
+    property CallEntry entry: null
     property Request request: null
 
     signal transferWanted(int callId)
 
-    readonly property bool ringing: callState === Calls.Ringing
-    readonly property string stateText: {
-        switch (callState) {
-        case Calls.Dialling:
-            return qsTr("Calling …");
-        case Calls.Ringing:
-            return qsTr("Incoming call");
-        case Calls.Active:
-            return joined ? qsTr("Active, in the conference") : qsTr("Active");
-        case Calls.Held:
-            return joined ? qsTr("On hold, in the conference") : qsTr("On hold");
-        default:
-            return qsTr("Ended");
-        }
-    }
+    readonly property string stateText: summary !== null ? summary.describe(callState, joined) : ""
+    readonly property string time: summary !== null && entry !== null ? summary.timeOf(entry) : ""
+    /** Hanging up has its place at the bottom; only where there are several, each can be ended by itself too. */
+    readonly property bool canEnd: summary !== null && summary.running.length > 1
 
     width: parent ? parent.width : implicitWidth
+    visible: !(incoming && callState === Calls.Ringing)
 
     SettingRow {
         lined: card.y > 0
         label: card.number !== "" ? card.number : qsTr("Unknown number")
-        description: card.stateText
+        description: card.time !== "" ? qsTr("%1 · %2").arg(card.stateText).arg(card.time) : card.stateText
         symbol: card.incoming ? "incoming" : "outgoing"
         // What is asked of one call may change the others too.
         busy: card.calls !== null && card.calls.busy
@@ -53,26 +44,15 @@ Column {
         id: flow
 
         readonly property real half: (width - spacing) / 2
-        /** Hanging up takes what the others leave of the last line. */
-        readonly property int others: Number(card.canAnswer) + Number(card.canHold) + Number(card.canRetrieve)
-            + Number(card.canSplit) + Number(card.canTransfer)
 
         x: Theme.margin
         width: parent.width - 2 * Theme.margin
+        visible: card.canHold || card.canRetrieve || card.canSplit || card.canTransfer || card.canEnd
         bottomPadding: Theme.margin
         spacing: Theme.unit
 
         PushButton {
-            objectName: "answer"
-            width: flow.half
-            visible: card.canAnswer
-            symbol: "calls"
-            text: qsTr("Answer")
-            filled: true
-            onClicked: card.request = card.calls.answer(card.callId)
-        }
-
-        PushButton {
+            objectName: "hold"
             width: flow.half
             visible: card.canHold
             symbol: "pause"
@@ -89,14 +69,7 @@ Column {
         }
 
         PushButton {
-            width: flow.half
-            visible: card.canSplit
-            symbol: "split"
-            text: qsTr("Split off")
-            onClicked: card.request = card.calls.split(card.callId)
-        }
-
-        PushButton {
+            objectName: "transfer"
             width: flow.half
             visible: card.canTransfer
             symbol: "transfer"
@@ -105,11 +78,19 @@ Column {
         }
 
         PushButton {
-            objectName: "hang-up"
-            width: flow.others % 2 === 1 ? flow.half : flow.width
+            width: flow.half
+            visible: card.canSplit
+            symbol: "split"
+            text: qsTr("Split off")
+            onClicked: card.request = card.calls.split(card.callId)
+        }
+
+        PushButton {
+            objectName: "end"
+            width: flow.half
+            visible: card.canEnd
             symbol: "hang-up"
-            text: card.ringing ? qsTr("Reject") : qsTr("Hang up")
-            filled: true
+            text: qsTr("End")
             dangerous: true
             onClicked: card.request = card.calls.hangUp(card.callId)
         }

@@ -12,7 +12,6 @@ QtObject {
     required property bool joined
 
     readonly property bool ringing: incoming && callState === Calls.Ringing
-    readonly property bool active: callState === Calls.Active
     /** When it was answered, in milliseconds; 0 where nobody here saw it. */
     property double since: 0
     property bool begunHere: false
@@ -20,7 +19,7 @@ QtObject {
     function look(): void {
         if (callState === Calls.Dialling || callState === Calls.Ringing)
             begunHere = true;
-        else if (active && begunHere && since === 0)
+        else if (callState === Calls.Active && begunHere && since === 0)
             since = Date.now();
     }
 

@@ -9,11 +9,19 @@ T.Popup {
 
     required property Calls calls
     required property CallSummary summary
+    /** The calls that run are in sight already. */
+    required property bool inSight
+
+    /** The height of the bar that leads back to them; it changes only while no finger can lose what it taps. */
+    property real room: 0
 
     /** A call is being answered from here. */
     signal taken(Request request)
+    signal returned()
 
     function focusFirst(): void {
+        if (summary.ringing.length === 0)
+            bar.forceActiveFocus(Qt.TabFocusReason);
         for (let row = 0; row < cards.count; ++row) {
             const card = cards.itemAt(row) as IncomingCall;
             if (card.ringing) {
@@ -24,14 +32,14 @@ T.Popup {
     }
 
     parent: T.Overlay.overlay
-    // Sheets stand at 0.
+    // Sheets stand at 0, the calls that run at 1.
     z: 2
     width: parent ? parent.width : 0
     padding: 0
     // It leaves the keyboard where it is; F6 leads here.
     focus: false
     closePolicy: T.Popup.NoAutoClose
-    visible: summary.ringing.length > 0
+    visible: summary.ringing.length > 0 || room > 0
 
     // A sheet keeps all other keys to itself.
     Shortcut {
@@ -41,7 +49,24 @@ T.Popup {
         onActivated: front.focusFirst()
     }
 
+    Binding {
+        target: front
+        property: "room"
+        value: front.summary.running.length > 0 && !front.inSight ? bar.implicitHeight : 0
+        when: !TapGuard.fingerDown
+        restoreMode: Binding.RestoreNone
+    }
+
     contentItem: Column { // qmllint disable deferred-property-id
+        ReturnBar {
+            id: bar
+
+            width: front.width
+            visible: front.room > 0
+            summary: front.summary
+            onClicked: front.returned()
+        }
+
         Repeater {
             id: cards
 

@@ -19,7 +19,7 @@ Window {
     readonly property alias pages: directory
     /** What the product has. */
     property Features features: finder.createObject(window) as Features
-    readonly property SettingsPage pageItem: loader.item as SettingsPage
+    readonly property PhonePage pageItem: loader.item as PhonePage
     readonly property bool loaded: shownPage === "" || loader.status === Loader.Ready
     /** Nothing moves and nothing is waited for. */
     readonly property bool settled: loaded && !CallSetup.busy && features.ready && !slide.running
@@ -57,8 +57,6 @@ Window {
         pageList.focusRow(from, byKey ? Qt.TabFocusReason : Qt.OtherFocusReason);
     }
 
-    /** The request that answers a call, on its way to the page of calls. */
-    property Request taken: null
     /** Whether a move shows where the page came from; resizing the window does not. */
     property bool byHand: false
     /** Whether the page was opened by keyboard, and its first control is to show the focus. */
@@ -103,15 +101,31 @@ Window {
         id: callSummary
 
         model: callTable
+        watched: window.visible && window.visibility !== Window.Minimized
+    }
+
+    CallScreen {
+        id: callScreen
+
+        calls: callTable
+        summary: callSummary
+        onAddingWanted: window.open("calls")
     }
 
     CallLayer {
+        id: callLayer
+
         calls: callTable
         summary: callSummary
-        onTaken: request => {
-            window.taken = request;
-            window.open("calls");
-        }
+        inSight: callScreen.opened
+        onTaken: request => callScreen.expect(request)
+        onReturned: callScreen.open()
+    }
+
+    Binding {
+        target: Theme
+        property: "reserved"
+        value: callLayer.room
     }
 
     PageDirectory {
@@ -142,6 +156,7 @@ Window {
             id: panes
 
             anchors.fill: parent
+            anchors.topMargin: callLayer.room
             clip: slide.running
 
             PageList {
@@ -210,9 +225,7 @@ Window {
                     onLoaded: {
                         window.pageItem.title = kept.title;
                         window.pageItem.hasBack = !window.twoPanes;
-                        window.pageItem.calls = callTable;
-                        window.pageItem.taken = window.taken;
-                        window.taken = null;
+                        window.pageItem.callScreen = callScreen;
                         if (!window.twoPanes)
                             window.pageItem.focusFirst(window.byKey ? Qt.TabFocusReason : Qt.OtherFocusReason);
                     }

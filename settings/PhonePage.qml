@@ -1,9 +1,7 @@
-// What the pages have in common: the phone's calls, which the window watches for all of them.
-import Kvq.CallSetup
+// What the pages have in common: the calls that run, which the window shows above all of them.
+import Kvq.Settings
 import Kvq.Settings.Controls
 
 SettingsPage {
-    property Calls calls: null
-    /** The request that answers a call, when it led here. */
-    property Request taken: null
+    property CallScreen callScreen: null
 }

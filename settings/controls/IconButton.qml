@@ -11,6 +11,11 @@ T.Button {
     property color ground: "transparent"
     property int side: Theme.touch
 
+    function click(): void {
+        if (enabled)
+            clicked();
+    }
+
     implicitWidth: side
     implicitHeight: side
     padding: 0

@@ -13,6 +13,8 @@ FocusScope {
     /** Stands below the header and does not scroll. */
     property alias pinned: fixed.data
     readonly property alias scrollArea: scroll
+    /** Stands at the bottom edge and does not scroll. */
+    property alias footer: bottom.data
     /** Why nothing could be read, where the reason is the same for several rows: told once, above them. */
     property string commonFailure
     property var unreadRows: []
@@ -140,7 +142,7 @@ FocusScope {
         id: scroll
 
         anchors.top: above.bottom
-        anchors.bottom: parent.bottom
+        anchors.bottom: bottom.top
         width: parent.width
         contentHeight: column.implicitHeight
 
@@ -153,5 +155,12 @@ FocusScope {
             bottomPadding: 3 * Theme.unit
             spacing: 3 * Theme.unit
         }
+    }
+
+    Column {
+        id: bottom
+
+        anchors.bottom: parent.bottom
+        width: parent.width
     }
 }

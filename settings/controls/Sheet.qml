@@ -42,7 +42,7 @@ T.Popup {
     x: parent ? Math.round((parent.width - width) / 2) : 0
     y: parent ? Math.round((wide ? (parent.height - height) / 2 : parent.height - height) + rise * height / 4) : 0
     width: parent ? Math.min(parent.width, 400) : 400
-    height: Math.min(implicitHeight, parent ? parent.height - 2 * Theme.unit : implicitHeight)
+    height: Math.min(implicitHeight, parent ? parent.height - Theme.reserved - 2 * Theme.unit : implicitHeight)
     implicitHeight: column.implicitHeight + Theme.margin + buttons.height + topPadding + bottomPadding
     padding: Theme.margin
     modal: true

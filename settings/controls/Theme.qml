@@ -28,6 +28,9 @@ QtObject {
     /** From this window width on, list and page stand side by side. */
     readonly property int twoPanes: 720
 
+    /** The height at the top of the window that sheets leave free. */
+    property real reserved: 0
+
     // The type scale.
     readonly property int title: 22 * enlarged
     readonly property int body: 16 * enlarged

@@ -1,4 +1,4 @@
-// Calls: what can be done to each, and the keypad.
+// Dialling: the number, its keypad at the bottom edge, and the way back to a call that runs.
 import QtQuick
 import Kvq.CallSetup
 import Kvq.Settings
@@ -7,38 +7,35 @@ import Kvq.Settings.Controls
 PhonePage {
     id: page
 
+    readonly property Calls calls: callScreen !== null ? callScreen.calls : null
+    readonly property bool running: callScreen !== null && callScreen.summary.running.length > 0
+    /** While a call runs, keys are its tones: another one is dialled only when that is wanted. */
+    readonly property bool dialling: !running || callScreen.adding
+    readonly property bool sideways: width > height && height < 420
     property Request request: null
     property string dialled
 
-    /** The keys that were tones of a call. */
-    property string tones
-
-    readonly property bool talking: calls !== null && calls.count > 0
-
-    onTalkingChanged: {
-        if (!talking && field.text === tones)
-            field.text = "";
-        tones = "";
-    }
-
     function dial(): void {
-        if (field.text === "")
+        if (callScreen === null || field.text === "" || !dialling || request !== null && request.busy)
             return;
         dialled = field.text;
-        request = calls.dial(dialled);
+        request = callScreen.dial(dialled);
     }
 
     Connections {
         target: page.request
 
         function onFinished() {
-            // From now on the keys are tones of the call.
             if (page.request.result === CallSetup.Success && field.text === page.dialled)
                 field.text = "";
         }
     }
 
-    busy: request !== null && request.busy || taken !== null && taken.busy
+    busy: request !== null && request.busy
+    Component.onDestruction: {
+        if (callScreen !== null)
+            callScreen.adding = false;
+    }
 
     FailureLine {
         objectName: "unread"
@@ -51,136 +48,84 @@ PhonePage {
         onRetry: page.calls.refresh()
     }
 
+    FailureLine {
+        width: parent.width
+        inset: 0
+        reason: Words.of(page.request)
+        // The number is still there, and "Call" below it.
+        action: ""
+    }
+
     Section {
-        heading: qsTr("Calls")
-        visible: page.talking
+        visible: !page.dialling
 
-        Repeater {
-            model: page.calls
-
-            CallCard {
-                calls: page.calls
-                onTransferWanted: callId => {
-                    transferSheet.callId = callId;
-                    transferSheet.start(qsTr("Transfer the call"), "", qsTr("Transfer"));
-                }
-            }
+        ActionRow {
+            objectName: "return-row"
+            label: qsTr("Return to call")
+            symbol: "calls"
+            onPressed: page.callScreen.open()
         }
 
-        FailureLine {
-            width: parent.width
-            reason: Words.of(page.taken)
-            action: ""
-        }
-
-        RequestRow {
-            visible: page.calls !== null && page.calls.canSwap
-            objectName: "swap"
-            label: qsTr("Swap the two calls")
-            symbol: "swap"
-            onWanted: request = page.calls.swap()
-        }
-
-        RequestRow {
-            visible: page.calls !== null && page.calls.canJoin
-            objectName: "join"
-            label: qsTr("Join them to a conference")
-            symbol: "merge"
-            onWanted: request = page.calls.join()
-        }
-
-        SwitchRow {
-            label: qsTr("Microphone off")
-            symbol: page.calls !== null && page.calls.muted.value ? "mute" : "microphone"
-            checked: page.calls !== null && page.calls.muted.value
-            busy: page.calls !== null && page.calls.muted.busy
-            failure: page.calls !== null ? Words.of(page.calls.muted) : ""
-            onToggled: on => page.calls.muted.value = on
-            onRetry: page.calls.muted.retry()
+        ActionRow {
+            objectName: "add-call"
+            label: qsTr("Add call")
+            symbol: "add"
+            onPressed: page.callScreen.adding = true
         }
     }
 
-    Column {
-        anchors.horizontalCenter: parent.horizontalCenter
-        width: Math.min(parent.width, 400)
-        spacing: Theme.margin
+    footer: Item {
+        id: dialler
+
+        readonly property real column: page.sideways ? (page.width - 3 * Theme.margin) / 2 : Math.min(page.width - 2 * Theme.margin, 400)
+        readonly property real edge: page.sideways ? Theme.margin : (page.width - column) / 2
+
+        width: page.width
+        height: page.sideways ? pad.height + Theme.unit
+            : field.height + pad.height + Theme.row + 2 * Theme.unit + Theme.margin
+        visible: page.dialling
 
         Field {
             id: field
 
             objectName: "number"
-            width: parent.width
-            hint: page.talking ? qsTr("Tones, or another number") : qsTr("Number")
+            x: dialler.edge
+            width: dialler.column
+            hint: page.running ? qsTr("Number of the other call") : qsTr("Number")
             number: true
+            erasable: true
             maximumLength: 42
             onAccepted: page.dial()
         }
 
         NumberPad {
-            width: parent.width
-            keyHeight: 56
-            onKeyPressed: key => {
-                field.type(key);
-                if (page.talking) {
-                    page.tones += key;
-                    page.calls.pressKey(key);
-                }
-            }
-            onKeyReleased: key => {
-                if (page.talking)
-                    page.calls.releaseKey(key);
-            }
+            id: pad
+
+            x: page.sideways ? page.width - width - Theme.margin : dialler.edge
+            y: page.sideways ? 0 : field.height + Theme.unit
+            width: dialler.column
+            keyHeight: Math.max(44, Math.min(64, page.sideways
+                ? (page.height - 100) / 4 : (page.height - 3 * Theme.row - 120 - field.height) / 4))
+            onKeyPressed: key => field.type(key)
             onKeyHeld: key => {
-                if (key === "0" && !page.talking) {
+                if (key === "0") {
                     field.takeBack();
                     field.type("+");
                 }
             }
         }
 
-        Row {
-            width: parent.width
-            spacing: Theme.unit
-
-            PushButton {
-                objectName: "dial"
-                width: parent.width - eraser.width - parent.spacing
-                height: Theme.row
-                symbol: "calls"
-                text: qsTr("Call")
-                filled: true
-                enabled: field.text !== "" && !(page.request !== null && page.request.busy)
-                onClicked: page.dial()
-            }
-
-            IconButton {
-                id: eraser
-
-                focusPolicy: Qt.TabFocus
-                autoRepeat: true
-                side: Theme.row
-                symbol: "backspace"
-                text: qsTr("Delete the last digit")
-                enabled: field.text !== ""
-                onClicked: field.takeBack()
-            }
-        }
-
-        FailureLine {
-            width: parent.width
-            reason: Words.of(page.request)
-            onRetry: page.dial()
-        }
-    }
-
-    NumberSheet {
-        id: transferSheet
-
-        property int callId: 0
-
-        onAccepted: {
-            page.request = page.calls.transfer(callId, number);
-            close();
+        PushButton {
+            objectName: "dial"
+            x: dialler.edge
+            y: parent.height - height - (page.sideways ? Theme.unit : Theme.margin)
+            width: dialler.column
+            height: Theme.row
+            symbol: "calls"
+            text: qsTr("Call")
+            filled: true
+            enabled: field.text !== "" && !(page.request !== null && page.request.busy)
+            onClicked: page.dial()
         }
     }
 }

@@ -58,8 +58,102 @@
 <context>
     <name>CallCard</name>
     <message>
+        <source>Unknown number</source>
+        <translation>Unbekannte Nummer</translation>
+    </message>
+    <message>
+        <source>Hold</source>
+        <translation>Halten</translation>
+    </message>
+    <message>
+        <source>Resume</source>
+        <translation>Fortsetzen</translation>
+    </message>
+    <message>
+        <source>Split off</source>
+        <translation>Lösen</translation>
+    </message>
+    <message>
+        <source>Transfer</source>
+        <translation>Vermitteln</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Beenden</translation>
+    </message>
+</context>
+<context>
+    <name>CallScreen</name>
+    <message>
+        <source>Calls</source>
+        <translation>Gespräche</translation>
+    </message>
+    <message>
+        <source>Call</source>
+        <translation>Gespräch</translation>
+    </message>
+    <message>
+        <source>Hanging up …</source>
+        <translation>Wird aufgelegt …</translation>
+    </message>
+    <message>
         <source>Calling …</source>
-        <translation>Ruft an …</translation>
+        <translation>Wird angerufen …</translation>
+    </message>
+    <message>
+        <source>Transfer the call</source>
+        <translation>Gespräch weitergeben</translation>
+    </message>
+    <message>
+        <source>Transfer</source>
+        <translation>Weitergeben</translation>
+    </message>
+    <message>
+        <source>Microphone off</source>
+        <translation>Mikrofon aus</translation>
+    </message>
+    <message>
+        <source>Swap the two calls</source>
+        <translation>Zwischen beiden wechseln</translation>
+    </message>
+    <message>
+        <source>Join them to a conference</source>
+        <translation>Zu einer Konferenz verbinden</translation>
+    </message>
+    <message>
+        <source>Add call</source>
+        <translation>Weiterer Anruf</translation>
+    </message>
+    <message>
+        <source>End all</source>
+        <translation>Alle beenden</translation>
+    </message>
+    <message>
+        <source>Tones sent: %1</source>
+        <translation>Gesendete Töne: %1</translation>
+    </message>
+    <message>
+        <source>Hide the keypad</source>
+        <translation>Tastenfeld verbergen</translation>
+    </message>
+    <message>
+        <source>Keypad</source>
+        <translation>Tastenfeld</translation>
+    </message>
+    <message>
+        <source>Hang up</source>
+        <translation>Auflegen</translation>
+    </message>
+</context>
+<context>
+    <name>CallSummary</name>
+    <message>
+        <source>Calling …</source>
+        <translation>Wird angerufen …</translation>
     </message>
     <message>
         <source>Incoming call</source>
@@ -84,38 +178,6 @@
     <message>
         <source>Ended</source>
         <translation>Beendet</translation>
-    </message>
-    <message>
-        <source>Unknown number</source>
-        <translation>Unbekannte Nummer</translation>
-    </message>
-    <message>
-        <source>Answer</source>
-        <translation>Annehmen</translation>
-    </message>
-    <message>
-        <source>Hold</source>
-        <translation>Halten</translation>
-    </message>
-    <message>
-        <source>Resume</source>
-        <translation>Fortsetzen</translation>
-    </message>
-    <message>
-        <source>Split off</source>
-        <translation>Lösen</translation>
-    </message>
-    <message>
-        <source>Transfer</source>
-        <translation>Vermitteln</translation>
-    </message>
-    <message>
-        <source>Reject</source>
-        <translation>Ablehnen</translation>
-    </message>
-    <message>
-        <source>Hang up</source>
-        <translation>Auflegen</translation>
     </message>
 </context>
 <context>
@@ -160,34 +222,6 @@
 <context>
     <name>CallsPage</name>
     <message>
-        <source>Calls</source>
-        <translation>Anrufe</translation>
-    </message>
-    <message>
-        <source>Transfer the call</source>
-        <translation>Anruf vermitteln</translation>
-    </message>
-    <message>
-        <source>Transfer</source>
-        <translation>Vermitteln</translation>
-    </message>
-    <message>
-        <source>Swap the two calls</source>
-        <translation>Zwischen beiden wechseln</translation>
-    </message>
-    <message>
-        <source>Join them to a conference</source>
-        <translation>Zur Konferenz verbinden</translation>
-    </message>
-    <message>
-        <source>Microphone off</source>
-        <translation>Mikrofon aus</translation>
-    </message>
-    <message>
-        <source>Tones, or another number</source>
-        <translation>Töne oder weitere Nummer</translation>
-    </message>
-    <message>
         <source>Number</source>
         <translation>Nummer</translation>
     </message>
@@ -196,12 +230,20 @@
         <translation>Anrufen</translation>
     </message>
     <message>
-        <source>Delete the last digit</source>
-        <translation>Letzte Ziffer löschen</translation>
-    </message>
-    <message>
         <source>The calls cannot be read. %1</source>
         <translation>Die Anrufe sind nicht lesbar. %1</translation>
+    </message>
+    <message>
+        <source>Return to call</source>
+        <translation>Zurück zum Gespräch</translation>
+    </message>
+    <message>
+        <source>Add call</source>
+        <translation>Weiterer Anruf</translation>
+    </message>
+    <message>
+        <source>Number of the other call</source>
+        <translation>Nummer des weiteren Anrufs</translation>
     </message>
 </context>
 <context>
@@ -1240,6 +1282,25 @@
     <message>
         <source>Place %1. Control and an arrow key move it.</source>
         <translation>Platz %1. Strg und Pfeiltaste verschieben.</translation>
+    </message>
+</context>
+<context>
+    <name>ReturnBar</name>
+    <message>
+        <source>%1 calls</source>
+        <translation>%1 Gespräche</translation>
+    </message>
+    <message>
+        <source>Unknown number</source>
+        <translation>Unbekannte Nummer</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>Return to call</source>
+        <translation>Zurück zum Gespräch</translation>
     </message>
 </context>
 <context>

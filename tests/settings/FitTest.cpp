@@ -103,13 +103,48 @@ TEST_P(FitTest, WhatIsAsked)
     }
 }
 
-TEST_P(FitTest, ACall)
+TEST_P(FitTest, Calls)
 {
-    phone().ring("+491715550100");
-    open(QStringLiteral("calls"), {.language = QLatin1String(GetParam().language)});
-    ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("hang-up")) != nullptr; }));
-    ASSERT_TRUE(settle());
-    look();
+    // The smallest screens are for letters of the usual size.
+    const bool usual = GetParam().points <= 12;
+    for (const QSize size :
+         {usual ? QSize(320, 480) : QSize(320, 568), usual ? QSize(568, 320) : QSize(400, 800)}) {
+        SCOPED_TRACE(size.width());
+        phone().reset();
+        phone().setLink(true);
+        open(QStringLiteral("about"),
+             {.language = QLatin1String(GetParam().language), .size = size, .calm = true});
+        ASSERT_TRUE(settle());
+        phone().ring("+491715550100");
+        ASSERT_TRUE(waitForItem(QStringLiteral("answer")));
+        look();
+        ASSERT_TRUE(click(QStringLiteral("answer")));
+        ASSERT_TRUE(waitForItem(QStringLiteral("hang-up")));
+        ASSERT_TRUE(click(QStringLiteral("keypad")));
+        press(Qt::Key_5);
+        ASSERT_TRUE(settle());
+        ASSERT_TRUE(isDrawn());
+        look();
+        // Nothing stands under the button that ends the call, nor under the pad.
+        const QRectF end =
+            find(QStringLiteral("hang-up"))->mapRectToScene(find(QStringLiteral("hang-up"))->boundingRect());
+        const QRectF key =
+            find(QStringLiteral("key:0"))->mapRectToScene(find(QStringLiteral("key:0"))->boundingRect());
+        EXPECT_LE(key.bottom(), end.top());
+        EXPECT_LE(end.bottom(), size.height());
+        EXPECT_GE(find(QStringLiteral("tones"))->mapToScene({}).y(), 0);
+        phone().ring("+491715550101");
+        ASSERT_TRUE(waitForItem(QStringLiteral("answer")));
+        look();
+        ASSERT_TRUE(click(QStringLiteral("answer")));
+        ASSERT_TRUE(waitForNo(QStringLiteral("answer")));
+        ASSERT_TRUE(settle());
+        ASSERT_TRUE(isDrawn());
+        look();
+        press(Qt::Key_Escape);
+        ASSERT_TRUE(waitForItem(QStringLiteral("return")));
+        look();
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -228,53 +228,6 @@ TEST_F(PagesTest, ALimitIsRemoved)
     EXPECT_EQ(find(QStringLiteral("limit"))->property("value").toString(), QStringLiteral("No limit"));
 }
 
-TEST_F(PagesTest, ACallThatComesInIsTakenOnAnyPage)
-{
-    open(QStringLiteral("about"));
-    ASSERT_TRUE(settle());
-    EXPECT_EQ(find(QStringLiteral("answer")), nullptr);
-    ASSERT_NE(phone().ring("+491715550100"), 0);
-    ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("answer")) != nullptr; }));
-    ASSERT_TRUE(QMetaObject::invokeMethod(find(QStringLiteral("answer")), "click"));
-    ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("answer")) == nullptr; }));
-    EXPECT_EQ(window().property("shownPage").toString(), QStringLiteral("calls"));
-    ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("hang-up")) != nullptr; }));
-}
-
-TEST_F(PagesTest, TonesOfACallAreNoNumberForTheNext)
-{
-    open(QStringLiteral("calls"));
-    const unsigned char call = phone().ring("111");
-    ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("answer")) != nullptr; }));
-    ASSERT_TRUE(QMetaObject::invokeMethod(find(QStringLiteral("answer")), "click"));
-    ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("answer")) == nullptr; }));
-    ASSERT_TRUE(QMetaObject::invokeMethod(find(QStringLiteral("key:5")), "tap"));
-    const QQuickItem *const number = find(QStringLiteral("number"));
-    EXPECT_EQ(number->property("text").toString(), QStringLiteral("5"));
-    ASSERT_TRUE(phone().remoteHangsUp(call));
-    EXPECT_TRUE(waitFor([&] { return number->property("text").toString().isEmpty(); }));
-}
-
-TEST_F(PagesTest, TwoCallsAreSwappedAndJoined)
-{
-    open(QStringLiteral("calls"));
-    for (const char *const number : {"111", "222"}) {
-        ASSERT_NE(phone().ring(number), 0);
-        ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("answer")) != nullptr; }));
-        ASSERT_TRUE(QMetaObject::invokeMethod(find(QStringLiteral("answer")), "click"));
-        ASSERT_TRUE(waitFor([&] { return find(QStringLiteral("answer")) == nullptr; }));
-    }
-    const auto states = [&] { return valuesOf("stateText").join(QLatin1String(", ")); };
-    EXPECT_TRUE(waitFor([&] { return states() == QLatin1String("On hold, Active"); }));
-    ASSERT_TRUE(QMetaObject::invokeMethod(find(QStringLiteral("swap")), "click"));
-    EXPECT_TRUE(waitFor([&] { return states() == QLatin1String("Active, On hold"); }))
-        << qPrintable(states());
-    ASSERT_TRUE(QMetaObject::invokeMethod(find(QStringLiteral("join")), "click"));
-    EXPECT_TRUE(waitFor([&] { return states().count(QLatin1String("in the conference")) == 2; }))
-        << qPrintable(states());
-    EXPECT_EQ(find(QStringLiteral("join")), nullptr);
-}
-
 TEST_F(PagesTest, ListAndPageStandSideBySideWhereThereIsRoom)
 {
     open(QStringLiteral("about"), {.size = QSize(719, 600)});

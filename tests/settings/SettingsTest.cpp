@@ -66,6 +66,11 @@ TapGuard &SettingsTest::guard() const
     return *engine->singletonInstance<TapGuard *>(type);
 }
 
+bool SettingsTest::click(const QString &name) const
+{
+    return waitForItem(name) && QMetaObject::invokeMethod(find(name), "click");
+}
+
 void SettingsTest::tapAt(const QQuickItem &item)
 {
     const QPointF place = centreOf(item);
@@ -98,10 +103,10 @@ void SettingsTest::visit(QQuickItem *item, const std::function<void(QQuickItem &
         visit(child, tell);
 }
 
-QStringList SettingsTest::valuesOf(const char *property) const
+QStringList SettingsTest::valuesOf(const char *property, QQuickItem *below)
 {
     QStringList values;
-    visit(page(), [&](QQuickItem &item) {
+    visit(below, [&](QQuickItem &item) {
         const QString value = item.property(property).toString();
         if (!value.isEmpty())
             values << value;

@@ -38,6 +38,16 @@ protected:
         QTest::keyClick(&window(), key, modifiers);
     }
     void type(const QString &text);
+    bool waitForItem(const QString &name) const
+    {
+        return waitFor([&] { return find(name) != nullptr; });
+    }
+    bool waitForNo(const QString &name) const
+    {
+        return waitFor([&] { return find(name) == nullptr; });
+    }
+    /** Waits for an item and presses it, as the keyboard does. */
+    bool click(const QString &name) const;
     /** Lets the event loop run until something is so. */
     static bool waitFor(const std::function<bool()> &isSo, int milliseconds = 60'000);
     bool settle() const;
@@ -63,7 +73,8 @@ protected:
     static bool isControl(const QQuickItem &item);
     static QString describe(const QQuickItem &item);
     /** What the items of the page have for a property, those that have it. */
-    QStringList valuesOf(const char *property) const;
+    QStringList valuesOf(const char *property) const { return valuesOf(property, page()); }
+    static QStringList valuesOf(const char *property, QQuickItem *below);
 
 private:
     std::unique_ptr<Application> m_application;
