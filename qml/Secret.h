@@ -57,7 +57,8 @@ private:
     template <typename Letter>
     static void wipe(std::vector<Letter> *letters)
     {
-        explicit_bzero(letters->data(), letters->size() * sizeof(Letter));
+        if (!letters->empty()) // an empty one may have no memory
+            explicit_bzero(letters->data(), letters->size() * sizeof(Letter));
         delete letters;
     }
 
