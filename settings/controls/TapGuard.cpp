@@ -173,7 +173,8 @@ bool TapGuard::judgePress(QPointF point, bool alone)
     const QList<Place> places = placesNow();
     if (!isNew(places, point))
         return false;
-    if (alone && !topAt(places, point)->scroller)
+    const Place *const top = topAt(places, point);
+    if (alone && !(top && top->scroller))
         return true;
     // What scrolls below it shall hear of it.
     holdBack(places, point);
