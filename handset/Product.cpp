@@ -20,6 +20,8 @@ constexpr char defaultFile[] = "/etc/kvq/product.conf";
 constexpr unsigned short featuresOfTwoLines[] = {2007, 2040, 2171, 2189, 2258};
 constexpr unsigned short operatorNames = 2037;
 
+constexpr char modemKey[] = "modem";
+
 constexpr char whiteSpace[] = " \t\r";
 
 std::string trimmed(const std::string &text)
@@ -42,6 +44,14 @@ std::optional<unsigned short> parsedId(const std::string &text)
     const auto parsed = std::from_chars(text.data(), text.data() + text.size(), id);
     return parsed.ec == std::errc() && parsed.ptr == text.data() + text.size() ? std::optional(id)
                                                                                : std::nullopt;
+}
+
+/** A path as the message bus has it. */
+bool isModemPath(const std::string &text)
+{
+    constexpr char allowed[] = "/_0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+    return text.size() > 1 && text.front() == '/' && text.back() != '/'
+        && text.find("//") == std::string::npos && text.find_first_not_of(allowed) == std::string::npos;
 }
 
 template <typename Value>
@@ -96,6 +106,14 @@ bool Product::read(const std::string &path)
             continue;
         }
         const auto equals = line.find('=');
+        if (equals != std::string::npos && trimmed(line.substr(0, equals)) == modemKey) {
+            const std::string named = trimmed(line.substr(equals + 1));
+            if (isModemPath(named))
+                modem = named;
+            else
+                report(path, number, "expected the path of a modem, such as /ril_0");
+            continue;
+        }
         const auto value =
             equals == std::string::npos ? std::nullopt : parsedFlag(trimmed(line.substr(equals + 1)));
         if (!value)

@@ -35,9 +35,10 @@ struct SharedState {
     std::int32_t reserved;
     std::atomic<std::int64_t> looks; ///< how often a program has looked at the calls
     std::array<SeenCall, 8> seenCalls;
+    std::atomic<std::uint64_t> chosenModem; ///< the marks of a modem and its card; 0 while none was chosen
 };
 static_assert(std::atomic<std::int64_t>::is_always_lock_free);
-static_assert(sizeof(SharedState) == 376);
+static_assert(sizeof(SharedState) == 384);
 
 /**
  * The state of this user: the file `kvq/phone-state` in XDG_RUNTIME_DIR, which only the user may read and which

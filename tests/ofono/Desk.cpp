@@ -3,8 +3,11 @@
 
 #include <QCoreApplication>
 
+#include "SharedState.h"
+
 #include <array>
 #include <csignal>
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -37,6 +40,14 @@ void script(const std::string &command)
 void tell(const std::string &command)
 {
     script("tell " + command);
+}
+
+void forgetModem()
+{
+    const std::uint64_t none = 0;
+    std::fstream state(folder() + "/kvq/phone-state", std::ios::in | std::ios::out | std::ios::binary);
+    state.seekp(offsetof(Handset::SharedState, chosenModem));
+    state.write(reinterpret_cast<const char *>(&none), sizeof none); // there is none before the first use
 }
 
 pid_t idOf(const char *program)
@@ -97,12 +108,15 @@ Traffic::Traffic()
 
 void Traffic::waitFor(const std::string &command) const
 {
-    EXPECT_TRUE(becomes([&] {
-        std::ifstream log(folder() + "/daemon.log");
-        log.seekg(m_begin);
-        const std::string sent((std::istreambuf_iterator<char>(log)), std::istreambuf_iterator<char>());
-        return sent.find("> AT" + command) != std::string::npos;
-    })) << command;
+    EXPECT_TRUE(becomes([&] { return has(command); })) << command;
+}
+
+bool Traffic::has(const std::string &command) const
+{
+    std::ifstream log(folder() + "/daemon.log");
+    log.seekg(m_begin);
+    const std::string sent((std::istreambuf_iterator<char>(log)), std::istreambuf_iterator<char>());
+    return sent.find("> AT" + command) != std::string::npos;
 }
 
 } // namespace Desk
