@@ -122,8 +122,8 @@ const TapGuard::Place *TapGuard::topAt(const QList<Place> &places, QPointF point
 QList<TapGuard::Place> TapGuard::placesNow() const
 {
     QList<Place> places;
-    if (m_window)
-        collect(m_window->contentItem(), {}, QRectF(QPointF(), QSizeF(m_window->size())), places);
+    if (const QQuickWindow *const window = m_window)
+        collect(window->contentItem(), {}, QRectF(QPointF(), QSizeF(window->size())), places);
     return places;
 }
 
