@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <utility>
 
 #include <poll.h>
 #include <sys/socket.h>
@@ -25,6 +26,13 @@ void BusConnection::Close::operator()(sd_bus *connection) const
 
 BusConnection::BusConnection(Bus bus)
     : m_bus(bus)
+{
+}
+
+BusConnection::BusConnection(BusConnection &&other) noexcept
+    : m_bus(other.m_bus)
+    , m_connection(std::move(other.m_connection))
+    , m_descriptor(std::exchange(other.m_descriptor, -1))
 {
 }
 

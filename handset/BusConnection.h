@@ -22,6 +22,8 @@ public:
     enum class Bus { System, Session };
 
     explicit BusConnection(Bus bus);
+    /** What is moved from is closed, and can be opened again. */
+    BusConnection(BusConnection &&other) noexcept;
     ~BusConnection();
 
     BusConnection(const BusConnection &) = delete;

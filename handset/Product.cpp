@@ -50,6 +50,14 @@ std::optional<unsigned short> parsedId(const std::string &text)
                                                                                : std::nullopt;
 }
 
+/** A path as the message bus has it. */
+bool isModemPath(const std::string &text)
+{
+    constexpr char allowed[] = "/_0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+    return text.size() > 1 && text.front() == '/' && text.back() != '/'
+        && text.find("//") == std::string::npos && text.find_first_not_of(allowed) == std::string::npos;
+}
+
 template <typename Value>
 void include(std::set<Value> &set, const Value &value, bool included)
 {
@@ -125,6 +133,15 @@ bool Product::read(const std::string &path)
             continue;
         }
         const auto equals = line.find('=');
+        if (section == "[telephony]" && equals != std::string::npos
+            && trimmed(line.substr(0, equals)) == "modem") {
+            const std::string named = trimmed(line.substr(equals + 1));
+            if (isModemPath(named))
+                modem = named;
+            else
+                report(path, number, "expected the path of a modem, such as /ril_0");
+            continue;
+        }
         const auto value =
             equals == std::string::npos ? std::nullopt : parsedFlag(trimmed(line.substr(equals + 1)));
         if (!value)

@@ -11,7 +11,7 @@
 namespace Handset {
 
 /**
- * Optional features, flex bits, feature database and input methods of a product.
+ * Optional features, flex bits, feature database, input methods and the modem of a product.
  *
  * The file is /etc/kvq/product.conf, or the one that KVQ_PRODUCT names; handset/product.conf describes every key.
  * What it does not name is as in that description, and so is everything when there is no such file. A line that
@@ -38,6 +38,7 @@ struct Product {
     std::set<unsigned short> databaseFeatures;
     std::map<unsigned short, bool> flexBits;
     std::set<QUuid> inputMethods;
+    std::string modem; ///< the path of the modem that the phone uses; empty when it may choose
 
 private:
     bool set(const std::string &section, const std::string &key, bool value);

@@ -19,7 +19,7 @@ namespace Handset {
 namespace {
 
 /** Changes whenever the layout does. */
-constexpr std::uint32_t layoutMark = 0x4B565103;
+constexpr std::uint32_t layoutMark = 0x4B565104;
 
 /** Why what stands there under this name must not be used, or nothing. */
 std::string objection(const std::string &path, const Descriptor &place, mode_t kind, const char *wanted)

@@ -42,9 +42,10 @@ struct SharedState {
     std::atomic<std::int64_t> looks; ///< how often a program has looked at the calls
     std::array<SeenCall, 8> seenCalls;
     OutdatedTries outdatedTries;
+    std::atomic<std::uint64_t> chosenModem; ///< the marks of a modem and its card; 0 while none was chosen
 };
 static_assert(std::atomic<std::int64_t>::is_always_lock_free);
-static_assert(sizeof(SharedState) == 408);
+static_assert(sizeof(SharedState) == 416);
 
 /**
  * The state of this user: the file `kvq/phone-state` in XDG_RUNTIME_DIR, which only the user may read and which

@@ -18,6 +18,9 @@ struct Page {
     bool expectsMore;
 };
 
+/** A service that never says anything. */
+constexpr std::string_view silentService = "*199#";
+
 constexpr std::array<Page, 6> pages = {{
     {"*100#", "Your balance is 12.50 EUR.", false},
     {"*123#", "1 Balance\n2 Offers\n0 End", true},
@@ -48,7 +51,7 @@ void say(Modem &modem, int status, std::string_view text)
 
 void answerRequest(Modem &modem)
 {
-    if (!modem.dialogue.open)
+    if (!modem.dialogue.open || modem.dialogue.menu == silentService)
         return;
     const Page *const page = findPage(modem.dialogue.menu);
     const bool left = modem.dialogue.menu.size() > 2

@@ -53,8 +53,8 @@ _TAPI_RESULT_E Calls::read(Deadline deadline)
         const std::string_view state = properties.text("State").value_or("");
         call.id = callIdOf(path);
         call.state = stateOf(state);
-        if (call.id == 0 || call.state == TAPI_CALL_STATE_IDLE || m_calls.size() == mostCalls)
-            return;
+        if (call.id == 0 || call.state == TAPI_CALL_STATE_IDLE)
+            return true;
         call.waits = state == "waiting";
         call.isRinging = call.state == TAPI_CALL_STATE_RINGING;
         call.joined = properties.flag("Multiparty").value_or(false);
@@ -62,6 +62,7 @@ _TAPI_RESULT_E Calls::read(Deadline deadline)
         call.number = properties.text("LineIdentification").value_or("");
         call.startTime = properties.text("StartTime").value_or("");
         m_calls.push_back(std::move(call));
+        return m_calls.size() < mostCalls;
     });
     CallTimes::see(m_calls, begun);
     return TAPI_RESULT_SUCC;

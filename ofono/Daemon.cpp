@@ -1,13 +1,14 @@
 // The telephony daemon over D-Bus.
 #include "Daemon.h"
+#include "Errors.h"
 #include "Interfaces.h"
+#include "LeftRequest.h"
+#include "ServiceRequests.h"
 #include "Watch.h"
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <new>
 #include <thread>
 #include <utility>
@@ -19,14 +20,11 @@
 
 namespace Ofono {
 
-using std::chrono::duration_cast;
-using std::chrono::microseconds;
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
 namespace {
 
-constexpr char service[] = "org.ofono";
 constexpr char policyFile[] = "/etc/dbus-1/system.d/ofono.conf";
 
 /** A refusal comes at once; what is not refused by then is under way. */
@@ -35,213 +33,7 @@ constexpr milliseconds refusalTime(300);
 constexpr milliseconds firstPause(10);
 constexpr milliseconds longestPause(100);
 
-struct NamedResult {
-    std::string_view error;
-    _TAPI_RESULT_E result;
-};
-
-constexpr std::array<NamedResult, 24> results = {{
-    {"org.ofono.Error.InvalidArguments", TAPI_RESULT_INVALID_PARAM},
-    {"org.ofono.Error.InvalidFormat", TAPI_RESULT_INVALID_PARAM},
-    {"org.ofono.Error.NotRecognized", TAPI_RESULT_INVALID_PARAM},
-    {"org.ofono.Error.NotImplemented", TAPI_RESULT_NOT_SUPPORTED},
-    {"org.ofono.Error.NotSupported", TAPI_RESULT_NOT_SUPPORTED},
-    {"org.ofono.Error.NotAvailable", TAPI_RESULT_MODEM_OFFLINE},
-    {"org.ofono.Error.InProgress", TAPI_RESULT_BUSY},
-    {"org.ofono.Error.Timedout", TAPI_RESULT_TIMED_OUT},
-    {"org.ofono.Error.SimNotReady", TAPI_RESULT_SIM_UNAVAILABLE},
-    {SD_BUS_ERROR_ACCESS_DENIED, TAPI_RESULT_ACCESS_DENIED},
-    {SD_BUS_ERROR_AUTH_FAILED, TAPI_RESULT_ACCESS_DENIED},
-    {SD_BUS_ERROR_SERVICE_UNKNOWN, TAPI_RESULT_SERVICE_DOWN},
-    {SD_BUS_ERROR_NAME_HAS_NO_OWNER, TAPI_RESULT_SERVICE_DOWN},
-    {SD_BUS_ERROR_NO_REPLY, TAPI_RESULT_SERVICE_DOWN}, // what the bus says when the daemon dies with the call
-    {SD_BUS_ERROR_DISCONNECTED, TAPI_RESULT_LINK_LOST},
-    {SD_BUS_ERROR_NO_SERVER, TAPI_RESULT_LINK_LOST},
-    {SD_BUS_ERROR_TIMEOUT, TAPI_RESULT_TIMED_OUT},
-    {"org.freedesktop.DBus.Error.TimedOut", TAPI_RESULT_TIMED_OUT},
-    {"System.Error.ETIMEDOUT", TAPI_RESULT_TIMED_OUT},
-    {SD_BUS_ERROR_LIMITS_EXCEEDED, TAPI_RESULT_BUSY},
-    {SD_BUS_ERROR_INVALID_ARGS, TAPI_RESULT_INVALID_PARAM},
-    {"org.ofono.Error.Failed", TAPI_RESULT_FAIL},
-    {"org.ofono.Error.NotAllowed", TAPI_RESULT_FAIL},
-    {"org.ofono.Error.AccessDenied", TAPI_RESULT_FAIL}, // the network's answer, not the bus's
-}};
-
-constexpr std::array<std::string_view, 3> nothingThereErrors = {
-    SD_BUS_ERROR_UNKNOWN_METHOD, SD_BUS_ERROR_UNKNOWN_OBJECT, SD_BUS_ERROR_UNKNOWN_INTERFACE};
-
-_TAPI_RESULT_E resultOf(std::string_view error)
-{
-    for (const NamedResult &named : results) {
-        if (named.error == error)
-            return named.result;
-    }
-    return TAPI_RESULT_FAIL;
-}
-
-/** KVQ_OFONO_DEADLINE_MS shortens both deadlines, for tests that wait for them. */
-milliseconds atHandLength()
-{
-    static const milliseconds length = [] {
-        const char *const text = secure_getenv("KVQ_OFONO_DEADLINE_MS");
-        const long value = text ? std::strtol(text, nullptr, 10) : 0;
-        return value > 0 && value <= 60000 ? milliseconds(value) : milliseconds(2000);
-    }();
-    return length;
-}
-
-constexpr int networkFactor = 15;
-
-int append(sd_bus_message *message, char type, const void *value, bool inVariant)
-{
-    const char contents[] = {type, '\0'};
-    int result = inVariant ? sd_bus_message_open_container(message, SD_BUS_TYPE_VARIANT, contents) : 0;
-    if (result >= 0)
-        result = sd_bus_message_append_basic(message, type, value);
-    return result >= 0 && inVariant ? sd_bus_message_close_container(message) : result;
-}
-
-int appendList(sd_bus_message *message, const Texts &texts, bool inVariant)
-{
-    int result = inVariant ? sd_bus_message_open_container(message, SD_BUS_TYPE_VARIANT, "as") : 0;
-    if (result >= 0)
-        result = sd_bus_message_open_container(message, SD_BUS_TYPE_ARRAY, "s");
-    for (const std::string &text : texts) {
-        if (result >= 0)
-            result = sd_bus_message_append_basic(message, SD_BUS_TYPE_STRING, text.c_str());
-    }
-    if (result >= 0)
-        result = sd_bus_message_close_container(message);
-    return result >= 0 && inVariant ? sd_bus_message_close_container(message) : result;
-}
-
-struct Append {
-    sd_bus_message *message;
-    bool inVariant;
-
-    int operator()(bool value) const
-    {
-        const int flag = value ? 1 : 0;
-        return append(message, SD_BUS_TYPE_BOOLEAN, &flag, inVariant);
-    }
-    int operator()(std::uint8_t value) const { return append(message, SD_BUS_TYPE_BYTE, &value, inVariant); }
-    int operator()(std::uint16_t value) const
-    {
-        return append(message, SD_BUS_TYPE_UINT16, &value, inVariant);
-    }
-    int operator()(std::uint32_t value) const
-    {
-        return append(message, SD_BUS_TYPE_UINT32, &value, inVariant);
-    }
-    int operator()(double value) const { return append(message, SD_BUS_TYPE_DOUBLE, &value, inVariant); }
-    int operator()(const char *value) const { return append(message, SD_BUS_TYPE_STRING, value, inVariant); }
-    int operator()(ObjectPath value) const
-    {
-        return append(message, SD_BUS_TYPE_OBJECT_PATH, value.text, inVariant);
-    }
-    int operator()(const Texts *value) const { return appendList(message, *value, inVariant); }
-};
-
-struct FreeError {
-    sd_bus_error error = {nullptr, nullptr, 0};
-
-    FreeError() = default;
-    FreeError(const FreeError &) = delete;
-    FreeError &operator=(const FreeError &) = delete;
-    ~FreeError() { sd_bus_error_free(&error); }
-};
-
-struct FreeSlot {
-    void operator()(sd_bus_slot *slot) const { sd_bus_slot_unref(slot); }
-};
-
-std::uint64_t microsecondsUntil(steady_clock::time_point end)
-{
-    const auto left = duration_cast<microseconds>(end - steady_clock::now());
-    return left.count() > 0 ? static_cast<std::uint64_t>(left.count()) : 1;
-}
-
-int keepAnswer(sd_bus_message *message, void *place, sd_bus_error *)
-{
-    static_cast<Message *>(place)->reset(sd_bus_message_ref(message));
-    return 1;
-}
-
 } // namespace
-
-std::optional<std::string_view> Answer::path() const
-{
-    const char *path = nullptr;
-    if (sd_bus_message_rewind(m_message.get(), 1) < 0
-        || sd_bus_message_read_basic(m_message.get(), SD_BUS_TYPE_OBJECT_PATH, &path) <= 0)
-        return std::nullopt;
-    return path;
-}
-
-Properties Answer::properties() const
-{
-    sd_bus_message *const message = m_message.get();
-    if (sd_bus_message_rewind(message, 1) < 0
-        || sd_bus_message_enter_container(message, SD_BUS_TYPE_ARRAY, "{sv}") <= 0)
-        return {};
-    return Properties(message);
-}
-
-void Answer::objects(const std::function<void(std::string_view path, const Properties &)> &visit) const
-{
-    sd_bus_message *const message = m_message.get();
-    if (sd_bus_message_rewind(message, 1) < 0
-        || sd_bus_message_enter_container(message, SD_BUS_TYPE_ARRAY, "(oa{sv})") <= 0)
-        return;
-    while (sd_bus_message_enter_container(message, SD_BUS_TYPE_STRUCT, "oa{sv}") > 0) {
-        const char *path = nullptr;
-        if (sd_bus_message_read_basic(message, SD_BUS_TYPE_OBJECT_PATH, &path) <= 0
-            || sd_bus_message_enter_container(message, SD_BUS_TYPE_ARRAY, "{sv}") <= 0)
-            return;
-        visit(path, Properties(message));
-        while (sd_bus_message_at_end(message, 0) == 0) {
-            if (sd_bus_message_skip(message, "{sv}") < 0)
-                return;
-        }
-        for (int container = 0; container < 2; ++container) { // the properties, the modem
-            if (sd_bus_message_exit_container(message) < 0)
-                return;
-        }
-    }
-}
-
-Properties Answer::forwardingRules() const
-{
-    sd_bus_message *const message = m_message.get();
-    if (sd_bus_message_rewind(message, 1) < 0 || sd_bus_message_skip(message, "s") < 0
-        || sd_bus_message_enter_container(message, SD_BUS_TYPE_VARIANT, "(ssa{sv})") <= 0
-        || sd_bus_message_enter_container(message, SD_BUS_TYPE_STRUCT, "ssa{sv}") <= 0
-        || sd_bus_message_skip(message, "ss") < 0
-        || sd_bus_message_enter_container(message, SD_BUS_TYPE_ARRAY, "{sv}") <= 0)
-        return {};
-    return Properties(message);
-}
-
-namespace {
-
-thread_local steady_clock::time_point latestEnd = steady_clock::time_point::max();
-
-} // namespace
-
-OneDeadline::OneDeadline()
-    : m_before(std::exchange(latestEnd, endOf(Deadline::Network)))
-{
-}
-
-OneDeadline::~OneDeadline()
-{
-    latestEnd = m_before;
-}
-
-steady_clock::time_point OneDeadline::endOf(Deadline deadline)
-{
-    return std::min(steady_clock::now() + Daemon::lengthOf(deadline), latestEnd);
-}
 
 Daemon &Daemon::instance()
 {
@@ -280,23 +72,25 @@ int Daemon::linkDescriptor()
     const std::unique_lock lock(m_mutex, std::try_to_lock);
     if (lock && m_state == Link::Open && !m_bus.isAlive())
         lose();
+    else if (lock && m_state == Link::Given)
+        connect();
     return m_linkDescriptor;
 }
 
 _TAPI_RESULT_E Daemon::request(const Request &request)
 {
-    Message answer;
+    Answer answer;
     return perform(request, true, answer);
 }
 
 _TAPI_RESULT_E Daemon::request(const Request &request, Answer &answer)
 {
-    return perform(request, true, answer.m_message);
+    return perform(request, true, answer);
 }
 
 _TAPI_RESULT_E Daemon::begin(const Request &request)
 {
-    Message answer;
+    Answer answer;
     return perform(request, false, answer);
 }
 
@@ -326,11 +120,6 @@ bool Daemon::waitUntil(const std::function<bool()> &isSo, milliseconds limit)
     return true;
 }
 
-milliseconds Daemon::lengthOf(Deadline deadline)
-{
-    return deadline == Deadline::AtHand ? atHandLength() : networkFactor * atHandLength();
-}
-
 std::string Daemon::modem()
 {
     std::string path;
@@ -340,8 +129,7 @@ std::string Daemon::modem()
 
 void Daemon::forgetModem()
 {
-    const std::scoped_lock lock(m_modemMutex);
-    m_modem.clear();
+    m_choice.forget();
 }
 
 /** With the lock held. */
@@ -395,36 +183,37 @@ void Daemon::park() const noexcept
 void Daemon::leaveToParent() noexcept
 {
     new (&m_mutex) std::timed_mutex; // another thread of the parent may hold it
-    new (&m_modemMutex) std::mutex;
-    new (&m_modem) std::string; // or have been writing here
+    m_choice.leaveToParent();
     m_bus.abandon();
     m_state = Link::NeverOpened;
     park();
 }
 
 /** Chooses the modem, asks it, and looks for the reason when nothing is there that could answer. */
-_TAPI_RESULT_E Daemon::perform(const Request &request, bool waits, Message &answer)
+_TAPI_RESULT_E Daemon::perform(const Request &request, bool waits, Answer &answer)
 {
     const Time end = OneDeadline::endOf(request.deadline);
     std::string path;
-    const _TAPI_RESULT_E chosen = chooseModem(path, end);
+    const _TAPI_RESULT_E chosen =
+        chooseModem(path, waits ? end : std::min(end, steady_clock::now() + refusalTime));
     if (chosen != TAPI_RESULT_SUCC)
         return chosen;
     const std::string modem = path;
     path += request.object;
-    Outcome outcome = waits ? ask(path, request, end) : exchange(path, request, end, false);
+    Outcome outcome = ask(path, request, end, waits);
     if (outcome.nothingThere)
         return whyNothingIsThere(modem, request, end);
-    answer = std::move(outcome.answer);
+    answer = Answer(std::move(outcome.answer));
     return outcome.result;
 }
 
 /** Asks until the daemon is not occupied with another request, as long as there is time. */
-Daemon::Outcome Daemon::ask(const std::string &path, const Request &request, Time end)
+Daemon::Outcome Daemon::ask(const std::string &path, const Request &request, Time end, bool waits)
 {
+    const Time lastTry = waits ? end : std::min(end, steady_clock::now() + refusalTime);
     for (milliseconds pause = firstPause;; pause = std::min(2 * pause, longestPause)) {
-        Outcome outcome = exchange(path, request, end, true);
-        if (!outcome.inProgress || steady_clock::now() + pause >= end)
+        Outcome outcome = exchange(path, request, end, waits);
+        if (!outcome.inProgress || !freeLine(path, request, end) || steady_clock::now() + pause >= lastTry)
             return outcome;
         std::this_thread::sleep_for(pause);
     }
@@ -433,53 +222,67 @@ Daemon::Outcome Daemon::ask(const std::string &path, const Request &request, Tim
 Daemon::Outcome Daemon::exchange(const std::string &path, const Request &request, Time end, bool waits)
 {
     const std::unique_lock lock(m_mutex, end);
-    if (!lock)
+    // What is waited for, such as an emergency call, is never refused for that.
+    if (!lock || (!waits && request.afterwards && !LeftRequest::hasRoom()))
         return {TAPI_RESULT_BUSY};
     const _TAPI_RESULT_E connected = connect();
     if (connected != TAPI_RESULT_SUCC)
         return {connected};
     m_bus.tidy();
 
-    sd_bus_message *raw = nullptr;
-    int result = sd_bus_message_new_method_call(m_bus.get(), &raw, service, path.c_str(), request.interface,
-                                                request.method);
-    const Message message(raw);
-    if (result >= 0 && request.secret)
-        result = sd_bus_message_sensitive(raw);
-    for (const Argument &argument : request.arguments) {
-        if (result >= 0)
-            result = std::visit(Append{raw, argument.inVariant}, argument.value);
-    }
-    if (result < 0) // a text that is no text, or a path that is no path
+    const Message call = messageOf(request, m_bus.get(), path);
+    if (!call)
         return {m_bus.isAlive() ? TAPI_RESULT_INVALID_PARAM : failure(-ENOTCONN, nullptr, nullptr).result};
-
-    Message answer;
-    FreeError failed;
-    if (waits) {
-        sd_bus_message *reply = nullptr;
-        result = sd_bus_call(m_bus.get(), raw, microsecondsUntil(end), &failed.error, &reply);
-        answer.reset(reply);
-        if (result < 0)
-            return failure(result, failed.error.name, failed.error.message);
-    } else {
-        sd_bus_slot *slot = nullptr;
-        result = sd_bus_call_async(m_bus.get(), &slot, raw, keepAnswer, &answer, UINT64_MAX);
-        const std::unique_ptr<sd_bus_slot, FreeSlot> pending(slot);
-        const Time refusalEnd = steady_clock::now() + refusalTime;
-        while (result >= 0 && !answer && steady_clock::now() < refusalEnd) {
-            result = sd_bus_process(m_bus.get(), nullptr);
-            if (result == 0)
-                result = sd_bus_wait(m_bus.get(), microsecondsUntil(refusalEnd));
-        }
-        if (result < 0)
-            return failure(result, nullptr, nullptr);
-        const sd_bus_error *const error = answer ? sd_bus_message_get_error(answer.get()) : nullptr;
-        if (error)
-            return failure(-EIO, error->name, error->message);
+    std::string modem = path.substr(0, path.size() - request.object.size());
+    auto exchange =
+        std::make_unique<Exchange>(modem == "/" ? std::string() : std::move(modem), request.interface);
+    int result = exchange->send(m_bus.get(), call.get());
+    if (result >= 0)
+        result = exchange->wait(m_bus, waits ? end : steady_clock::now() + refusalTime);
+    if (result == -ETIMEDOUT) {
+        if (request.afterwards)
+            leave(std::move(exchange), request);
+        return {waits ? TAPI_RESULT_TIMED_OUT : TAPI_RESULT_SUCC};
     }
+    if (result < 0)
+        return failure(result, nullptr, nullptr);
     Outcome outcome;
-    outcome.answer = std::move(answer);
+    outcome.nothingThere = !exchange->answer();
+    if (outcome.nothingThere)
+        return outcome;
+    const sd_bus_error *const error = sd_bus_message_get_error(exchange->answer().get());
+    if (error)
+        return failure(-EIO, error->name, error->message);
+    outcome.answer.reset(sd_bus_message_ref(exchange->answer().get()));
+    if (!waits && request.afterwards) // the first answer to a service request may be a question
+        leave(std::move(exchange), request);
     return outcome;
+}
+
+/** With the lock held. The request takes its connection along, and the next request opens another one. */
+void Daemon::leave(std::unique_ptr<Exchange> exchange, const Request &request)
+{
+    m_state = Link::Given;
+    if (!LeftRequest::follow(std::move(m_bus), std::move(exchange), request.afterwards))
+        std::fprintf(stderr, "telephony: no thread can follow %s\n", request.method);
+}
+
+/**
+ * Whether it makes sense to ask again when the daemon was occupied. While a service request is under way, which may take
+ * as long as the subscriber takes, it does not; what this program has begun is ended for it.
+ */
+bool Daemon::freeLine(const std::string &path, const Request &request, Time end)
+{
+    if (!ServiceRequests::occupy(request.interface))
+        return true;
+    const Outcome asked = exchange(path, {supplementaryServices, "GetProperties"}, end, true);
+    if (asked.result != TAPI_RESULT_SUCC)
+        return true;
+    const Answer answer(Message(sd_bus_message_ref(asked.answer.get())));
+    if (answer.properties().text("State").value_or("idle") == "idle")
+        return true;
+    return ServiceRequests::areUnderWay()
+        && exchange(path, {supplementaryServices, "Cancel"}, end, true).result == TAPI_RESULT_SUCC;
 }
 
 /** With the lock held. */
@@ -488,9 +291,8 @@ Daemon::Outcome Daemon::failure(int error, const char *name, const char *message
     Outcome outcome;
     const std::string_view named = name ? name : "";
     outcome.result = name ? resultOf(named) : error == -ETIMEDOUT ? TAPI_RESULT_TIMED_OUT : TAPI_RESULT_FAIL;
-    outcome.inProgress = named == "org.ofono.Error.InProgress";
-    for (const std::string_view nothing : nothingThereErrors)
-        outcome.nothingThere = outcome.nothingThere || named == nothing;
+    outcome.inProgress = isInProgress(named);
+    outcome.nothingThere = isNothingThere(named);
     if (sd_bus_is_open(m_bus.get()) <= 0 || outcome.result == TAPI_RESULT_LINK_LOST) {
         lose();
         outcome.result = TAPI_RESULT_LINK_LOST;
@@ -508,46 +310,13 @@ Daemon::Outcome Daemon::failure(int error, const char *name, const char *message
 
 _TAPI_RESULT_E Daemon::chooseModem(std::string &path, Time end)
 {
-    {
-        const std::scoped_lock lock(m_modemMutex);
-        path = m_modem;
-    }
-    if (!path.empty())
-        return TAPI_RESULT_SUCC;
-    if (const char *const named = secure_getenv("KVQ_MODEM")) {
-        path = named;
-        return sd_bus_object_path_is_valid(named) > 0 ? TAPI_RESULT_SUCC : TAPI_RESULT_MODEM_OFFLINE;
-    }
-    Answer modems;
-    Outcome listed = ask("/", {manager, "GetModems"}, end);
-    if (listed.result != TAPI_RESULT_SUCC)
-        return listed.result;
-    modems.m_message = std::move(listed.answer);
-    std::string withCard;
-    bool powered = false;
-    modems.objects([&](std::string_view candidate, const Properties &properties) {
-        if (!withCard.empty())
-            return;
-        const bool isPowered = properties.flag("Powered").value_or(false);
-        if (path.empty() || (isPowered && !powered))
-            path = candidate;
-        powered = powered || isPowered;
-        if (!isPowered || !properties.has("Interfaces", simManager))
-            return;
-        Answer card;
-        Outcome asked = ask(std::string(candidate), {simManager, "GetProperties"}, end);
-        if (asked.result != TAPI_RESULT_SUCC)
-            return;
-        card.m_message = std::move(asked.answer);
-        if (card.properties().flag("Present").value_or(false))
-            withCard = candidate;
-    });
-    if (!withCard.empty()) {
-        path = withCard;
-        const std::scoped_lock lock(m_modemMutex);
-        m_modem = withCard;
-    }
-    return path.empty() ? TAPI_RESULT_MODEM_OFFLINE : TAPI_RESULT_SUCC;
+    return m_choice.choose(
+        path, end,
+        [this, end](const std::string &object, const char *interface, const char *method, Answer &answer) {
+            Outcome asked = ask(object, {interface, method}, end);
+            answer = Answer(std::move(asked.answer));
+            return asked.nothingThere ? TAPI_RESULT_FAIL : asked.result;
+        });
 }
 
 /** The daemon only says that nothing is there. What a screen should say depends on why. */
@@ -562,7 +331,7 @@ _TAPI_RESULT_E Daemon::whyNothingIsThere(const std::string &modem, const Request
         return TAPI_RESULT_MODEM_OFFLINE;
     if (asked.result != TAPI_RESULT_SUCC)
         return asked.result;
-    answer.m_message = std::move(asked.answer);
+    answer = Answer(std::move(asked.answer));
     const Properties state = answer.properties();
     if (!state.flag("Powered").value_or(false))
         return TAPI_RESULT_MODEM_OFFLINE;
@@ -574,7 +343,7 @@ _TAPI_RESULT_E Daemon::whyNothingIsThere(const std::string &modem, const Request
     asked = ask(modem, {simManager, "GetProperties"}, end);
     if (asked.result != TAPI_RESULT_SUCC)
         return TAPI_RESULT_MODEM_OFFLINE;
-    answer.m_message = std::move(asked.answer);
+    answer = Answer(std::move(asked.answer));
     const Properties card = answer.properties();
     if (!card.flag("Present").value_or(false) || card.text("PinRequired").value_or("none") != "none")
         return TAPI_RESULT_SIM_UNAVAILABLE;

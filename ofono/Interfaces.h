@@ -1,7 +1,9 @@
-// The daemon's interfaces that this library asks.
+// The daemon's name on the bus, and its interfaces that this library asks.
 #pragma once
 
 namespace Ofono {
+
+constexpr char service[] = "org.ofono";
 
 constexpr char manager[] = "org.ofono.Manager";
 constexpr char modemInterface[] = "org.ofono.Modem";

@@ -1,6 +1,7 @@
 // The networks around the phone.
 #include "Card.h"
 #include "Interfaces.h"
+#include "LeftRequest.h"
 #include "PhoneSettings.h"
 #include "Text.h"
 
@@ -9,6 +10,9 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <mutex>
+
+#include <pthread.h>
 
 using namespace Ofono;
 
@@ -54,8 +58,9 @@ _TAPI_RESULT_E readOperators(std::vector<Operator> &operators)
             + std::string(properties.text("MobileNetworkCode").value_or(""));
         known.name = properties.text("Name").value_or("");
         known.status = statusOf(properties.text("Status").value_or(""));
-        if (isNetworkId(known.id) && operators.size() < mostOperators)
+        if (isNetworkId(known.id))
             operators.push_back(std::move(known));
+        return operators.size() < mostOperators;
     });
     return TAPI_RESULT_SUCC;
 }
@@ -100,10 +105,69 @@ _TAPI_RESULT_E registerWith(const std::string &id)
     return done ? TAPI_RESULT_SUCC : TAPI_RESULT_TIMED_OUT;
 }
 
-/** A search takes up to minutes. It is begun, and GetPlmnCount() tells what has been found. */
+/** What the daemon knew before the last search that this program has begun. */
+class BeforeSearch {
+public:
+    static BeforeSearch &instance()
+    {
+        static auto *const before = new BeforeSearch;
+        return *before;
+    }
+
+    void keep(std::vector<Operator> operators)
+    {
+        const std::scoped_lock lock(m_mutex);
+        m_operators = std::move(operators);
+    }
+
+    std::vector<Operator> operators()
+    {
+        const std::scoped_lock lock(m_mutex);
+        return m_operators;
+    }
+
+private:
+    BeforeSearch()
+    {
+        pthread_atfork([] { instance().m_mutex.lock(); }, [] { instance().m_mutex.unlock(); },
+                       [] { instance().m_mutex.unlock(); });
+    }
+
+    std::mutex m_mutex; ///< held for moments only
+    std::vector<Operator> m_operators;
+};
+
+bool isSearching()
+{
+    return LeftRequest::isFollowed(networkRegistration);
+}
+
+/**
+ * A search takes up to minutes. It is begun, and when the daemon has answered GetPlmnCount() tells what has been found.
+ * Until then it tells what it did before, so that a change is the search's result.
+ */
 _TAPI_RESULT_E search()
 {
-    return Daemon::instance().begin({networkRegistration, "Scan", {}, Deadline::Network});
+    if (isSearching())
+        return TAPI_RESULT_SUCC;
+    std::vector<Operator> known;
+    const _TAPI_RESULT_E result = readOperators(known);
+    if (result != TAPI_RESULT_SUCC)
+        return result;
+    BeforeSearch::instance().keep(std::move(known));
+    return Daemon::instance().begin(
+        {networkRegistration, "Scan", {}, Deadline::Network, {}, false, [](LeftRequest &scan) {
+             scan.awaitAnswer();
+         }});
+}
+
+/** The networks as they are told to the user. */
+_TAPI_RESULT_E readList(std::vector<Operator> &operators)
+{
+    if (!isSearching())
+        return readOperators(operators);
+    operators = BeforeSearch::instance().operators();
+    return TAPI_RESULT_SUCC;
 }
 
 _TAPI_RESULT_E readRegistration(Properties &registration)
@@ -253,7 +317,7 @@ _TAPI_RESULT_E TAPI_NETWORK_CancelGetAvailableNetworks()
 _TAPI_RESULT_E TAPI_NETWORK_GetPlmnCount(unsigned short *count)
 {
     std::vector<Operator> operators;
-    const _TAPI_RESULT_E result = readOperators(operators);
+    const _TAPI_RESULT_E result = readList(operators);
     if (result != TAPI_RESULT_SUCC)
         return result;
     toldCount = operators.size();
@@ -265,7 +329,7 @@ _TAPI_RESULT_E TAPI_NETWORK_GetPlmnCount(unsigned short *count)
 _TAPI_RESULT_E TAPI_NETWORK_GetPlmnList(_TAPI_NETWORK_PLMN_INFO_S *networks)
 {
     std::vector<Operator> operators;
-    const _TAPI_RESULT_E result = readOperators(operators);
+    const _TAPI_RESULT_E result = readList(operators);
     if (result != TAPI_RESULT_SUCC)
         return result;
     operators.resize(toldCount);

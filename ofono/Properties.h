@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+struct sd_bus;
 struct sd_bus_message;
 
 namespace Ofono {

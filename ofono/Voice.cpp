@@ -2,7 +2,9 @@
 #include "Calls.h"
 #include "DialledSecret.h"
 #include "Interfaces.h"
+#include "LateCalls.h"
 #include "NextCall.h"
+#include "ServiceRequests.h"
 #include "Text.h"
 
 #include "TAPI_USSD.h"
@@ -11,6 +13,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <thread>
 
 using namespace Ofono;
 
@@ -18,21 +21,36 @@ namespace {
 
 constexpr std::size_t longestNumber = 80;
 constexpr std::size_t longestTones = 255;
+constexpr std::size_t tonesAtOnce = 3;
+
+/** Longer than a request that found the daemon occupied waits until it tries again. */
+constexpr std::chrono::milliseconds pauseBetweenTones(120);
 
 constexpr int stringsInUcs2 = 0x48;
 
 /** What the daemon calls the three ways to show the own number, by _TAPI_CALL_RESTRICT_ID_E. */
 constexpr std::array<const char *, 3> callerIdChoices = {"default", "enabled", "disabled"};
 
-_TAPI_RESULT_E manageCalls(const char *method, std::vector<Argument> arguments = {})
+/** What is done when a request has timed out and is carried out later. */
+using Afterwards = std::function<void(LeftRequest &)>;
+
+_TAPI_RESULT_E manageCalls(const char *method, std::vector<Argument> arguments = {},
+                           Afterwards afterwards = {})
 {
-    return Daemon::instance().request({voiceCallManager, method, std::move(arguments), Deadline::Network});
+    return Daemon::instance().request({voiceCallManager,
+                                       method,
+                                       std::move(arguments),
+                                       Deadline::Network,
+                                       {},
+                                       false,
+                                       std::move(afterwards)});
 }
 
-_TAPI_RESULT_E actOn(const Call &call, const char *method, std::vector<Argument> arguments = {})
+_TAPI_RESULT_E actOn(const Call &call, const char *method, std::vector<Argument> arguments = {},
+                     Afterwards afterwards = {})
 {
-    return Daemon::instance().request(
-        {voiceCall, method, std::move(arguments), Deadline::Network, call.object});
+    return Daemon::instance().request({voiceCall, method, std::move(arguments), Deadline::Network,
+                                       call.object, false, std::move(afterwards)});
 }
 
 /** Acts on the call of that id, with all the calls there are at hand. */
@@ -127,6 +145,10 @@ _TAPI_RESULT_E dial(const unsigned char *dialString, _TAPI_CALL_RESTRICT_ID_E ca
     NextCall choice; // put back when the call is refused
     if (callerId == TAPI_CALL_RESTRICT_ID_NETWORK)
         callerId = choice.take();
+    const OneDeadline deadline;
+    const _TAPI_RESULT_E answers = manageCalls("GetCalls");
+    if (answers != TAPI_RESULT_SUCC) // a daemon that stands still would place the call when it goes on
+        return answers;
     Answer answer;
     const char *const hide = callerIdChoices[callerId];
     const _TAPI_RESULT_E result = Daemon::instance().request({voiceCallManager,
@@ -134,7 +156,8 @@ _TAPI_RESULT_E dial(const unsigned char *dialString, _TAPI_CALL_RESTRICT_ID_E ca
                                                               {Value(number.c_str()), Value(hide)},
                                                               Deadline::Network,
                                                               {},
-                                                              Handset::carriesSecret(number)},
+                                                              Handset::carriesSecret(number),
+                                                              LateCalls::hangUp},
                                                              answer);
     if (result != TAPI_RESULT_SUCC)
         return result;
@@ -152,9 +175,46 @@ bool isTones(std::string_view text)
         && text.find_first_not_of("0123456789*#ABCDabcd,") == std::string_view::npos;
 }
 
+/** As the daemon takes them: pauses and letters have another form there. */
+std::string asDaemonHasThem(std::string_view tones)
+{
+    std::string translated;
+    for (const char tone : tones) {
+        const bool isLetter = tone >= 'a' && tone <= 'd';
+        translated += tone == ',' ? 'p' : isLetter ? static_cast<char>(tone - 'a' + 'A') : tone;
+    }
+    return translated;
+}
+
 _TAPI_RESULT_E sendTones(const std::string &tones)
 {
     return manageCalls("SendTones", {Value(tones.c_str())});
+}
+
+/**
+ * While tones sound the daemon takes no other request about calls, hanging up included. So they are sent a few at a
+ * time, with a pause in which a request that waits gets its turn, and only as long as the call is what it was.
+ */
+_TAPI_RESULT_E sendTonesInPieces(const Call &call, const std::string &tones)
+{
+    for (std::size_t position = 0; position < tones.size(); position += tonesAtOnce) {
+        if (position > 0) {
+            std::this_thread::sleep_for(pauseBetweenTones);
+            Calls calls;
+            const _TAPI_RESULT_E result = calls.read(Deadline::Network);
+            const Call *const now = calls.find(call.id);
+            if (result != TAPI_RESULT_SUCC)
+                return result;
+            if (!now || now->startTime != call.startTime)
+                return TAPI_RESULT_CALL_INVALID_ID;
+            if (now->state != TAPI_CALL_STATE_ACTIVE)
+                return TAPI_RESULT_FAIL;
+        }
+        const _TAPI_RESULT_E result = sendTones(tones.substr(position, tonesAtOnce));
+        if (result != TAPI_RESULT_SUCC)
+            return result;
+    }
+    return TAPI_RESULT_SUCC;
 }
 
 /** The text of a service request as UTF-8; empty when it is none. */
@@ -272,7 +332,7 @@ _TAPI_RESULT_E TAPI_VOICE_LinkCall(unsigned char firstCallId, unsigned char seco
                 || (first.state == TAPI_CALL_STATE_HELD && second.state == TAPI_CALL_STATE_DIALLING);
             if (calls.all().size() != 2 || !(dialledOneHeld || oneActiveOneHeld(first, second)))
                 return TAPI_RESULT_FAIL;
-            return manageCalls("Transfer");
+            return manageCalls("Transfer", {}, LateCalls::tell);
         });
 }
 
@@ -286,7 +346,7 @@ _TAPI_RESULT_E TAPI_VOICE_TransferCall(unsigned char callId, unsigned char *dial
     return withCall(callId, [&](const Calls &, const Call &call) {
         if (!call.isRinging)
             return TAPI_RESULT_NOT_SUPPORTED;
-        const _TAPI_RESULT_E result = actOn(call, "Deflect", {Value(number.c_str())});
+        const _TAPI_RESULT_E result = actOn(call, "Deflect", {Value(number.c_str())}, LateCalls::tell);
         if (result == TAPI_RESULT_SUCC)
             *transferId = call.id;
         return result;
@@ -329,7 +389,7 @@ _TAPI_RESULT_E TAPI_VOICE_MakeDtmfTone(char key, _TAPI_VOICE_DTMF_KEY_STATUS_E k
     const std::string tone(1, key);
     if (!isTones(tone) || key == ',')
         return TAPI_RESULT_INVALID_PARAM;
-    return keyStatus == TAPI_VOICE_DTMF_KEY_PRESSED ? sendTones(tone) : TAPI_RESULT_SUCC;
+    return keyStatus == TAPI_VOICE_DTMF_KEY_PRESSED ? sendTones(asDaemonHasThem(tone)) : TAPI_RESULT_SUCC;
 }
 
 _TAPI_RESULT_E TAPI_VOICE_DTMFStringReq(unsigned char callId, unsigned char *digits)
@@ -339,9 +399,15 @@ _TAPI_RESULT_E TAPI_VOICE_DTMFStringReq(unsigned char callId, unsigned char *dig
     const std::string tones(textOf(digits, longestTones + 1));
     if (!isTones(tones))
         return TAPI_RESULT_INVALID_PARAM;
-    return withCall(callId, [&](const Calls &, const Call &call) {
-        return call.state == TAPI_CALL_STATE_ACTIVE ? sendTones(tones) : TAPI_RESULT_FAIL;
-    });
+    Calls calls;
+    const _TAPI_RESULT_E result = calls.read(Deadline::Network);
+    if (result != TAPI_RESULT_SUCC)
+        return result;
+    const Call *const call = calls.find(callId);
+    if (!call)
+        return TAPI_RESULT_CALL_INVALID_ID;
+    return call->state == TAPI_CALL_STATE_ACTIVE ? sendTonesInPieces(*call, asDaemonHasThem(tones))
+                                                 : TAPI_RESULT_FAIL;
 }
 
 _TAPI_RESULT_E TAPI_VOICE_MuteBeep()
@@ -386,11 +452,5 @@ _TAPI_RESULT_E TAPI_USSD_MakeRequest(_TAPI_USSD_REQ_APP_MSG_S *request)
     if (result != TAPI_RESULT_SUCC)
         return result;
     const bool isAsked = services.text("State") == "user-response";
-    // What the network asked for may be a password as well.
-    return Daemon::instance().begin({supplementaryServices,
-                                     isAsked ? "Respond" : "Initiate",
-                                     {Value(text.c_str())},
-                                     Deadline::Network,
-                                     {},
-                                     isAsked || Handset::carriesSecret(text)});
+    return ServiceRequests::begin(isAsked ? "Respond" : "Initiate", text.c_str());
 }

@@ -3,12 +3,14 @@
 
 #include <QCoreApplication>
 
+#include "SharedState.h"
+
 #include <array>
 #include <csignal>
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
-#include <iterator>
 #include <memory>
 #include <sstream>
 #include <thread>
@@ -53,6 +55,14 @@ void tell(const std::string &command)
 std::string told(const std::string &command)
 {
     return outputOf(KVQ_DESK_SCRIPT " tell " + command);
+}
+
+void forgetModem()
+{
+    const std::uint64_t none = 0;
+    std::fstream state(folder() + "/kvq/phone-state", std::ios::in | std::ios::out | std::ios::binary);
+    state.seekp(offsetof(Handset::SharedState, chosenModem));
+    state.write(reinterpret_cast<const char *>(&none), sizeof none); // there is none before the first use
 }
 
 pid_t idOf(const char *program)
@@ -107,13 +117,16 @@ Traffic::Traffic()
 
 void Traffic::waitFor(const std::string &command) const
 {
-    EXPECT_TRUE(becomes([&] {
-        std::ifstream log(folder() + "/daemon.log");
-        log.seekg(m_begin);
-        std::ostringstream sent;
-        sent << log.rdbuf();
-        return sent.str().find("> AT" + command) != std::string::npos;
-    })) << command;
+    EXPECT_TRUE(becomes([&] { return has(command); })) << command;
+}
+
+bool Traffic::has(const std::string &command) const
+{
+    std::ifstream log(folder() + "/daemon.log");
+    log.seekg(m_begin);
+    std::ostringstream sent;
+    sent << log.rdbuf();
+    return sent.str().find("> AT" + command) != std::string::npos;
 }
 
 } // namespace Desk

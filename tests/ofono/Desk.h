@@ -28,6 +28,9 @@ void tell(const std::string &command);
 /** The same, and what it shows. */
 std::string told(const std::string &command);
 
+/** As if no program had chosen a modem yet. */
+void forgetModem();
+
 /** The process id of "bus", "modem" or "daemon". */
 pid_t idOf(const char *program);
 void end(const char *program, int signal);
@@ -48,6 +51,7 @@ public:
 
     /** Waits until the daemon has sent an AT command that begins so. */
     void waitFor(const std::string &command) const;
+    bool has(const std::string &command) const;
 
 private:
     std::streamoff m_begin = 0;

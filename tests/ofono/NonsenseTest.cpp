@@ -350,7 +350,8 @@ TEST_F(NonsenseOnOfono, DoesNoHarm)
         const FakeDaemon daemon([&](sd_bus_message *call) { return nonsense.answer(call); });
         askEverything();
     }
-    // And the next daemon in its place is asked as if nothing had been.
+    // And the next daemon in its place is asked as if nothing had been, when no nonsense was chosen.
+    Desk::forgetModem();
     const FakeDaemon daemon(withOneModem([](std::string_view, sd_bus_message *answer) {
         sd_bus_message_append(answer, "a{sv}", 2, "Present", "b", 1, "HideCallerId", "s", "enabled");
     }));
@@ -427,41 +428,6 @@ TEST_F(PlentyOnOfono, AddsTheTimeOfEachCallOnce)
         EXPECT_EQ(status, 0);
     }
     EXPECT_EQ(setup().getTotalCallTime(), before);
-}
-
-/** The first that is powered and has a card, or the one that is named; each program asks for itself. */
-TEST_F(PlentyOnOfono, ChoosesItsModem)
-{
-    std::string asked; // read when the program that asked has ended
-    const FakeDaemon daemon([&](sd_bus_message *call) {
-        sd_bus_message *message = nullptr;
-        sd_bus_message_new_method_return(call, &message);
-        const std::string_view path = sd_bus_message_get_path(call);
-        if (sd_bus_message_is_method_call(call, "org.ofono.Manager", nullptr) > 0) {
-            sd_bus_message_append(message, "a(oa{sv})", 3, "/off", 1, "Powered", "b", 0, "/empty", 2,
-                                  "Powered", "b", 1, "Interfaces", "as", 1, "org.ofono.SimManager", "/good",
-                                  2, "Powered", "b", 1, "Interfaces", "as", 1, "org.ofono.SimManager");
-        } else if (sd_bus_message_is_method_call(call, "org.ofono.SimManager", nullptr) > 0) {
-            sd_bus_message_append(message, "a{sv}", 1, "Present", "b", path == "/good" ? 1 : 0);
-        } else {
-            asked = path;
-            sd_bus_message_append(message, "a{sv}", 1, "HideCallerId", "s", "enabled");
-        }
-        return message;
-    });
-    for (const char *const named : {"", "/off"}) {
-        const pid_t child = fork();
-        if (child == 0) {
-            if (*named)
-                setenv("KVQ_MODEM", named, 1);
-            _TAPI_CALL_RESTRICT_ID_E id = TAPI_CALL_RESTRICT_ID_NETWORK;
-            _exit(setup().getCLIR(id) == TAPI_RESULT_SUCC ? 0 : 1);
-        }
-        int status = -1;
-        EXPECT_EQ(waitpid(child, &status, 0), child);
-        EXPECT_EQ(status, 0);
-        EXPECT_EQ(asked, *named ? named : "/good");
-    }
 }
 
 TEST_F(PlentyOnOfono, NamesThePolicyThatKeepsItOutOnce)
