@@ -36,10 +36,16 @@ int takenTime(int seconds)
 
 } // namespace
 
-/** What the engine's thread must know of a rule. The network does not tell the no-reply time, so it is kept here. */
+/** What the engine's thread must know of a rule. */
 struct ForwardingRule::Network {
     std::atomic<CallForwarding::ServiceClass> serviceClass = CallForwarding::Voice;
-    std::array<std::atomic<int>, classOperations.size()> noReplyTimes = {};
+
+    /** The network does not tell the no-reply time. So it is kept here, for all rules that are the same. */
+    static std::atomic<int> &noReplyTime(CallForwarding::ServiceClass of, Divert when)
+    {
+        static std::array<std::array<std::atomic<int>, classOperations.size()>, 4> times = {};
+        return times[static_cast<std::size_t>(when)][static_cast<std::size_t>(of)];
+    }
 
     Answer read(Engine &engine, CallForwarding::ServiceClass asked, Divert when)
     {
@@ -50,7 +56,9 @@ struct ForwardingRule::Network {
         if (result != TAPI_RESULT_SUCC)
             return {result, {}};
         if (forwarding.active)
-            forwarding.noReplyTime = noReplyTimes[static_cast<std::size_t>(asked)];
+            forwarding.noReplyTime = noReplyTime(asked, when);
+        else
+            noReplyTime(asked, when) = 0;
         return {TAPI_RESULT_SUCC, QVariant::fromValue(forwarding)};
     }
 
@@ -64,8 +72,7 @@ struct ForwardingRule::Network {
             : (engine.setup.*operationsOf(wanted.serviceClass).divert)(wanted.active, when, wanted.number);
         if (result != TAPI_RESULT_SUCC)
             return {result, {}};
-        noReplyTimes[static_cast<std::size_t>(wanted.serviceClass)] =
-            timed ? takenTime(wanted.noReplyTime) : 0;
+        noReplyTime(wanted.serviceClass, when) = timed ? takenTime(wanted.noReplyTime) : 0;
         // The network may have taken something else, or nothing.
         const Answer taken = read(engine, wanted.serviceClass, when);
         return {TAPI_RESULT_SUCC, taken.isSuccess() ? taken.value : QVariant()};

@@ -87,8 +87,6 @@ public:
     Q_INVOKABLE void deactivate();
 
     void setServiceClass(CallForwarding::ServiceClass serviceClass);
-
-protected:
     int variant() const override;
 
 private:

@@ -54,4 +54,9 @@ QString CallSetup::resultText(int result) const
     return Results::text(result);
 }
 
+QString CallSetup::resultAdvice(int result) const
+{
+    return Results::advice(result);
+}
+
 } // namespace Kvq

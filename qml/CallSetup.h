@@ -67,6 +67,7 @@ public:
 
     Q_INVOKABLE void connectTelephony();
     Q_INVOKABLE QString resultText(int result) const;
+    Q_INVOKABLE QString resultAdvice(int result) const;
 
 Q_SIGNALS:
     void requestsInFlightChanged();

@@ -12,6 +12,7 @@
 #include <atomic>
 #include <cstdio>
 #include <cstdlib>
+#include <deque>
 
 #include <unistd.h>
 
@@ -55,7 +56,10 @@ void keepLogOffStandardOutput()
 
 } // namespace
 
-/** The thread. The queue is its event queue, which also delivers what the engine posts to itself. */
+/**
+ * The thread. Each request is an event, between which what the engine posts to itself is delivered; which request an
+ * event carries out is decided when its turn comes.
+ */
 class CallSetupWorker::Thread final : public QThread {
 public:
     explicit Thread(CallSetupWorker &worker)
@@ -68,12 +72,25 @@ public:
         start();
     }
 
-    void enqueue(Task task)
+    void enqueue(Task task, bool isCallControl)
     {
         ++m_inFlight;
+        {
+            const QMutexLocker locker(&m_queueMutex);
+            (isCallControl ? m_callControl : m_ordinary).push_back(std::move(task));
+        }
         QMetaObject::invokeMethod(
-            m_desk.get(), [this, task = std::move(task)]() mutable { serve(std::move(task)); },
+            m_desk.get(),
+            [this] {
+                if (!serveOne(m_callControl)) // none is left when one has passed in between
+                    serveOne(m_ordinary);
+            },
             Qt::QueuedConnection);
+    }
+
+    void letCallControlPass()
+    {
+        while (serveOne(m_callControl)) { }
     }
 
     int inFlight() const { return m_inFlight; }
@@ -99,6 +116,22 @@ public:
     }
 
 private:
+    using Queue = std::deque<Task>;
+
+    bool serveOne(Queue &queue)
+    {
+        Task task;
+        {
+            const QMutexLocker locker(&m_queueMutex);
+            if (queue.empty())
+                return false;
+            task = std::move(queue.front());
+            queue.pop_front();
+        }
+        serve(std::move(task));
+        return true;
+    }
+
     void serve(Task task)
     {
         Engine engine = {*PHONE_ENG_Setup::instance(), *PHONE_ENG_NtInterface::instance()};
@@ -141,6 +174,9 @@ private:
 
     CallSetupWorker &m_worker;
     std::unique_ptr<QObject> m_desk; ///< lives on the thread; requests are laid on it
+    QMutex m_queueMutex;
+    Queue m_callControl;
+    Queue m_ordinary;
     std::atomic<int> m_inFlight = 0;
     std::atomic<bool> m_givenUp = false;
     std::atomic<bool> m_connected = false;
@@ -166,6 +202,27 @@ CallSetupWorker &CallSetupWorker::instance()
 
 void CallSetupWorker::enqueue(Task task)
 {
+    enqueue(std::move(task), false);
+}
+
+void CallSetupWorker::enqueueCallControl(Task task)
+{
+    enqueue(std::move(task), true);
+}
+
+void CallSetupWorker::letCallControlPass()
+{
+    Thread *thread = nullptr;
+    {
+        const QMutexLocker locker(&startMutex);
+        thread = m_thread;
+    }
+    if (QThread::currentThread() == thread)
+        thread->letCallControlPass();
+}
+
+void CallSetupWorker::enqueue(Task task, bool isCallControl)
+{
     {
         const QMutexLocker locker(&startMutex);
         if (!QCoreApplication::instance() || m_leaving)
@@ -174,7 +231,7 @@ void CallSetupWorker::enqueue(Task task)
             m_thread = new Thread(*this);
             qAddPostRoutine([] { instance().leave(); });
         }
-        m_thread->enqueue(std::move(task));
+        m_thread->enqueue(std::move(task), isCallControl);
     }
     QMetaObject::invokeMethod(this, &CallSetupWorker::requestsInFlightChanged, Qt::AutoConnection);
 }

@@ -22,7 +22,7 @@ struct Engine {
 };
 
 /**
- * Runs requests on a thread of its own, in the order in which they were made. One a process.
+ * Runs requests on a thread of its own, in the order in which they were made, call control first. One a process.
  *
  * The thread owns the engine: the engine's objects are made on it by the first request and deleted on it
  * when the application leaves. An application that uses the worker calls the engine from requests only;
@@ -40,6 +40,9 @@ struct Engine {
 class PHONE_ENG_API CallSetupWorker final : public QObject {
     Q_OBJECT
 
+    class Thread;
+    using Task = std::function<void(Engine &)>;
+
 public:
     static CallSetupWorker &instance();
 
@@ -54,21 +57,25 @@ public:
     template <typename Job>
     auto run(Job job) -> QFuture<std::invoke_result_t<Job &, Engine &>>
     {
-        using Result = std::invoke_result_t<Job &, Engine &>;
-        const auto promise = std::make_shared<QPromise<Result>>();
-        const QFuture<Result> future = promise->future();
-        promise->start(); // or nobody could wait for the result
-        enqueue([promise, job = std::move(job)](Engine &engine) mutable {
-            if (!promise->isCanceled()) {
-                if constexpr (std::is_void_v<Result>)
-                    job(engine);
-                else
-                    promise->addResult(job(engine));
-            }
-            promise->finish();
-        });
+        auto [future, task] = promised(std::move(job));
+        enqueue(std::move(task));
         return future;
     }
+
+    /**
+     * The same for call control: the request runs before all that wait by run(), after those made by this function.
+     * For what must not wait for pages, and for what a call depends on that is made after it.
+     */
+    template <typename Job>
+    auto runCallControl(Job job) -> QFuture<std::invoke_result_t<Job &, Engine &>>
+    {
+        auto [future, task] = promised(std::move(job));
+        enqueueCallControl(std::move(task));
+        return future;
+    }
+
+    /** In a request of several steps, between two of them: carries out the call control that waits. */
+    void letCallControlPass();
 
     /** Requests that wait or run. */
     int requestsInFlight() const;
@@ -102,13 +109,29 @@ Q_SIGNALS:
     void preferredNetworksChanged();
 
 private:
-    class Thread;
-    using Task = std::function<void(Engine &)>;
-
     CallSetupWorker();
     ~CallSetupWorker() override;
 
+    template <typename Job>
+    static auto promised(Job job) -> std::pair<QFuture<std::invoke_result_t<Job &, Engine &>>, Task>
+    {
+        using Result = std::invoke_result_t<Job &, Engine &>;
+        const auto promise = std::make_shared<QPromise<Result>>();
+        promise->start(); // or nobody could wait for the result
+        return {promise->future(), [promise, job = std::move(job)](Engine &engine) mutable {
+                    if (!promise->isCanceled()) {
+                        if constexpr (std::is_void_v<Result>)
+                            job(engine);
+                        else
+                            promise->addResult(job(engine));
+                    }
+                    promise->finish();
+                }};
+    }
+
     void enqueue(Task task);
+    void enqueueCallControl(Task task);
+    void enqueue(Task task, bool isCallControl);
     void leave();
     void setConnection(_TAPI_RESULT_E result);
 

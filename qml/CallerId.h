@@ -22,6 +22,9 @@ public:
     explicit CallerId(QObject *parent = nullptr)
         : Subject(parent)
     {
+        // A call that is made afterwards must find them set.
+        for (Setting *const setting : {m_restriction, m_nextCall})
+            setting->setUrgency(Urgency::CallControl);
     }
 
 private:

@@ -3,6 +3,8 @@
 
 #include "Secret.h"
 
+#include <QGuiApplication>
+
 #include <utility>
 
 namespace Kvq {
@@ -64,13 +66,15 @@ Job onCall(int callId, Operation operation)
 } // namespace
 
 Calls::Calls(QObject *parent)
-    : ListSubject(parent)
+    : ListSubject(parent, Urgency::CallControl)
     , m_calls(addRows<Call>(roles))
     , m_muted(m_activity->custom<BoolSetting>(nullptr, [](Engine &, const QVariant &mute) {
         return Operations::answerOf(PHONE_ENG_TAPI_CALL_VOICECALL_MuteReq(mute.toBool() ? 1 : 0));
     }))
 {
-    m_activity->setReader(readCalls, [this](const QVariant &calls) { take(calls.value<QList<Call>>()); });
+    m_activity->setReader(
+        readCalls, [this](const QVariant &calls) { take(calls.value<QList<Call>>()); },
+        Activity::Keeping::ForNow);
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, m_activity, &Activity::readQuietly);
     connect(m_activity, &Activity::readingEnded, this, [this] {
@@ -78,6 +82,10 @@ Calls::Calls(QObject *parent)
             Q_EMIT readResultChanged();
         lookAgain();
     });
+    if (qGuiApp) {
+        connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, &Calls::followApplication);
+        followApplication();
+    }
 }
 
 void Calls::setWatching(bool watching)
@@ -87,9 +95,41 @@ void Calls::setWatching(bool watching)
     m_watching = watching;
     if (!watching)
         m_timer.stop();
-    else if (m_isComplete)
+    else if (isLooking())
         m_activity->read();
     Q_EMIT watchingChanged();
+}
+
+void Calls::setAttention(std::optional<bool> &wish, std::optional<bool> wanted)
+{
+    const bool wasVisible = isVisible();
+    const bool wasActive = isActive();
+    wish = wanted;
+    attend(wasVisible, wasActive);
+}
+
+void Calls::followApplication()
+{
+    const bool wasVisible = isVisible();
+    const bool wasActive = isActive();
+    const Qt::ApplicationState state = QGuiApplication::applicationState();
+    m_applicationActive = state == Qt::ApplicationActive;
+    m_applicationVisible = m_applicationActive || state == Qt::ApplicationInactive;
+    attend(wasVisible, wasActive);
+}
+
+void Calls::attend(bool wasVisible, bool wasActive)
+{
+    if (isVisible() == wasVisible && isActive() == wasActive)
+        return;
+    if (!isLooking())
+        m_timer.stop();
+    else if (!m_activity->isReading())
+        m_activity->readQuietly(); // what happened meanwhile is not to be waited for
+    if (isVisible() != wasVisible)
+        Q_EMIT visibleChanged();
+    if (isActive() != wasActive)
+        Q_EMIT activeChanged();
 }
 
 void Calls::setInterval(int milliseconds)
@@ -113,7 +153,7 @@ void Calls::setIdleInterval(int milliseconds)
 void Calls::componentComplete()
 {
     m_isComplete = true;
-    if (m_watching || autoRefresh())
+    if (isLooking() || autoRefresh())
         m_activity->read();
 }
 
@@ -169,8 +209,8 @@ void Calls::take(QList<Call> calls)
 
 void Calls::lookAgain()
 {
-    if (m_watching && m_isComplete && !m_activity->isReading())
-        m_timer.start(count() > 0 ? m_interval : m_idleInterval);
+    if (isLooking() && !m_activity->isReading())
+        m_timer.start(count() > 0 || isActive() ? m_interval : m_idleInterval);
 }
 
 Request *Calls::callRequest(Job job)

@@ -22,13 +22,15 @@ struct Call {
 
 /**
  * The model of the call table. The platform does not tell when it changes, so it is read: often while there are
- * calls, seldom while there are none, and after each request. The next reading is asked for when the last one
- * is there, so readings do not pile up behind a slow request.
+ * calls or somebody uses the application, seldom while it is only seen, not while nobody can see it, and after each
+ * request. The next reading is asked for when the last one is there, so readings do not pile up behind a slow request.
  */
 class Calls : public Kvq::ListSubject {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(bool watching READ isWatching WRITE setWatching NOTIFY watchingChanged)
+    Q_PROPERTY(bool visible READ isVisible WRITE setVisible RESET resetVisible NOTIFY visibleChanged)
+    Q_PROPERTY(bool active READ isActive WRITE setActive RESET resetActive NOTIFY activeChanged)
     Q_PROPERTY(int interval READ interval WRITE setInterval NOTIFY intervalChanged)
     Q_PROPERTY(int idleInterval READ idleInterval WRITE setIdleInterval NOTIFY idleIntervalChanged)
     Q_PROPERTY(int readResult READ readResult NOTIFY readResultChanged)
@@ -70,6 +72,14 @@ public:
 
     bool isWatching() const { return m_watching; }
     void setWatching(bool watching);
+    /** Somebody can see the application; as the application itself has it unless it was told. */
+    bool isVisible() const { return m_visible.value_or(m_applicationVisible); }
+    void setVisible(bool visible) { setAttention(m_visible, visible); }
+    void resetVisible() { setAttention(m_visible, std::nullopt); }
+    /** Somebody uses the application. */
+    bool isActive() const { return m_active.value_or(m_applicationActive); }
+    void setActive(bool active) { setAttention(m_active, active); }
+    void resetActive() { setAttention(m_active, std::nullopt); }
     int interval() const { return m_interval; }
     void setInterval(int milliseconds);
     int idleInterval() const { return m_idleInterval; }
@@ -106,6 +116,8 @@ public:
 
 Q_SIGNALS:
     void watchingChanged();
+    void visibleChanged();
+    void activeChanged();
     void intervalChanged();
     void idleIntervalChanged();
     void readResultChanged();
@@ -118,7 +130,12 @@ private:
     int firstIn(CallState state) const;
     int stateOf(int callId) const;
     void take(QList<Call> calls);
+    bool isLooking() const { return m_watching && m_isComplete && isVisible(); }
     void lookAgain();
+    void setAttention(std::optional<bool> &wish, std::optional<bool> wanted);
+    void followApplication();
+    /** Tells what is different from before and begins or ends the readings. */
+    void attend(bool wasVisible, bool wasActive);
     /** A request that may change the call table. */
     Request *callRequest(Job job);
     Request *tone(const QString &key, _TAPI_VOICE_DTMF_KEY_STATUS_E status);
@@ -127,6 +144,10 @@ private:
     BoolSetting *const m_muted;
     QTimer m_timer;
     bool m_watching = true;
+    std::optional<bool> m_visible; ///< as told; otherwise as the application has it
+    std::optional<bool> m_active;
+    bool m_applicationVisible = true;
+    bool m_applicationActive = true;
     bool m_isComplete = false;
     int m_interval = 500;
     int m_idleInterval = 2000;

@@ -1,6 +1,10 @@
 // How each feature is found out.
 #include "Features.h"
 
+#include "CallForwarding.h"
+#include "CallWaiting.h"
+#include "CallerId.h"
+
 namespace Kvq {
 
 namespace {
@@ -26,22 +30,20 @@ bool offers(Setup &setup, _TAPI_RESULT_E (Setup::*get)(Value &))
  */
 bool isOffered(bool success, Setup &setup)
 {
-    bool waiting = false;
-    return success || setup.isCallWaiting(waiting) != TAPI_RESULT_SUCC;
+    _TAPI_SECURITY_PIN_STATUS_E status = TAPI_SECURITY_PIN_STATUS_NOT_USED;
+    return success || setup.readPin2Status(status) != TAPI_RESULT_SUCC;
 }
 
 using Question = bool (*)(Engine &engine);
 
 /** In the order of Features::Feature. */
-constexpr std::array<Question, 14> questions = {
+constexpr std::array<Question, 11> questions = {
     [](Engine &engine) { return engine.setup.isHACEnabled(); },
     [](Engine &engine) {
         PHONE_SETUP_HYPHENATION_T mode = PHONE_SETUP_HYPHENATION_DEFAULT;
         return engine.setup.getHyphenation(mode);
     },
     [](Engine &engine) { return engine.setup.isFixedDialingAvailable(); },
-    [](Engine &engine) { return offers(engine.setup, &Setup::isCallWaiting); },
-    [](Engine &engine) { return offers(engine.setup, &Setup::getCLIR); },
     [](Engine &engine) { // a phone with a single line has none to lock
         return offers(engine.setup, &Setup::currentLineNo) && offers(engine.setup, &Setup::curLineLockStatus);
     },
@@ -49,7 +51,7 @@ constexpr std::array<Question, 14> questions = {
     [](Engine &engine) {
         _TAPI_SECURITY_PIN_STATUS_E status = TAPI_SECURITY_PIN_STATUS_NOT_USED;
         const _TAPI_RESULT_E result = engine.setup.getUpinStatus(&status);
-        return isOffered(result) && status != TAPI_SECURITY_PIN_STATUS_NOT_USED;
+        return result == TAPI_RESULT_SUCC ? status != TAPI_SECURITY_PIN_STATUS_NOT_USED : isOffered(result);
     },
     [](Engine &engine) {
         signed char maxNumberLength = 0;
@@ -73,12 +75,22 @@ constexpr std::array<Question, 14> questions = {
         return success ? capacity > 0 : isOffered(false, engine.setup);
     },
     [](Engine &engine) { return offers(engine.setup, &Setup::getMeterDisplay); },
-    [](Engine &engine) {
-        bool active = false;
-        QString number;
-        return isOffered(engine.setup.getVoiceCallsDivert(active, number, TAPI_CS_DIVERT_UNCONDITIONAL));
-    },
 };
+
+/** One request for all. Each step may be long, so calls need not wait for more than one. */
+Answer askAll(Engine &engine)
+{
+    unsigned int has = 0;
+    for (std::size_t feature = 0; feature < questions.size(); ++feature) {
+        has |= questions[feature](engine) ? 1U << feature : 0U;
+        CallSetupWorker::instance().letCallControlPass();
+    }
+    return {TAPI_RESULT_SUCC, has};
+}
+
+/** What only the network can tell, by the items that have asked it. */
+constexpr std::array<const QMetaObject *, 3> learnt = {
+    &CallForwarding::staticMetaObject, &CallerId::staticMetaObject, &CallWaiting::staticMetaObject};
 
 } // namespace
 
@@ -86,43 +98,46 @@ Features::Features(QObject *parent)
     : Subject(parent)
 {
     static_assert(questions.size() == FeatureCount);
-    m_has.fill(true);
+    m_has.set();
+    connect(&LastKnown::instance(), &LastKnown::availabilityChanged, this, &Features::featuresChanged);
 }
 
+bool Features::forwarding() const
+{
+    return LastKnown::instance().isAvailable(&Kvq::CallForwarding::staticMetaObject);
+}
+
+bool Features::callerId() const
+{
+    return LastKnown::instance().isAvailable(&Kvq::CallerId::staticMetaObject);
+}
+
+bool Features::callWaiting() const
+{
+    return LastKnown::instance().isAvailable(&Kvq::CallWaiting::staticMetaObject);
+}
+
+/** What was learnt may be so no longer. */
 void Features::refresh()
 {
-    if (!m_asking)
-        ask(0);
+    if (m_asking)
+        return;
+    for (const QMetaObject *const type : learnt)
+        LastKnown::instance().setAvailable(type, true);
+    m_asking = new Ticket(this, askAll, Lifetime::OfItem, Urgency::Ordinary, [this](const Answer &answer) {
+        m_asking.clear();
+        if (!answer.isSuccess())
+            return;
+        m_has = answer.value.toUInt();
+        m_ready = true;
+        Q_EMIT featuresChanged();
+    });
 }
 
 void Features::componentComplete()
 {
     if (autoRefresh())
         refresh();
-}
-
-void Features::ask(int feature)
-{
-    if (feature == FeatureCount) {
-        m_ready = true;
-        Q_EMIT featuresChanged();
-        return;
-    }
-    const auto index = static_cast<std::size_t>(feature);
-    m_asking = new Ticket(
-        this,
-        [index](Engine &engine) {
-            return Answer{TAPI_RESULT_SUCC, questions[index](engine)};
-        },
-        Lifetime::OfItem,
-        [this, feature, index](const Answer &answer) {
-            m_asking.clear();
-            if (!answer.isSuccess())
-                return;
-            m_has[index] = answer.value.toBool();
-            Q_EMIT featuresChanged();
-            ask(feature + 1);
-        });
 }
 
 } // namespace Kvq

@@ -3,11 +3,13 @@
 
 #include "Subject.h"
 
+#include <bitset>
+
 namespace Kvq {
 
 /**
- * Each property is true until the product is known to lack the feature. The questions are asked one after the other,
- * so that what a page asks has to wait for one of them at most.
+ * Each property is true until the product is known to lack the feature. Nothing is asked that the network has to
+ * answer: what only the network can tell is learnt when an item of its type has asked for it.
  */
 class Features : public Kvq::Subject {
     Q_OBJECT
@@ -33,10 +35,10 @@ public:
 
     bool hearingAid() const { return m_has[HearingAid]; }
     bool hyphenation() const { return m_has[Hyphenation]; }
-    bool forwarding() const { return m_has[Forwarding]; }
+    bool forwarding() const;
     bool callCosts() const { return m_has[CallCosts]; }
-    bool callerId() const { return m_has[CallerId]; }
-    bool callWaiting() const { return m_has[CallWaiting]; }
+    bool callerId() const;
+    bool callWaiting() const;
     bool fixedDialling() const { return m_has[FixedDialling]; }
     bool lines() const { return m_has[Lines]; }
     bool pin2() const { return m_has[Pin2]; }
@@ -55,13 +57,11 @@ Q_SIGNALS:
     void featuresChanged();
 
 private:
-    /** In the order in which they are asked for: what the phone knows itself comes first. */
+    /** What is asked for, in the order of asking. */
     enum Feature {
         HearingAid,
         Hyphenation,
         FixedDialling,
-        CallWaiting,
-        CallerId,
         Lines,
         Pin2,
         Upin,
@@ -70,13 +70,10 @@ private:
         NetworkSelection,
         PreferredNetworks,
         CallCosts,
-        Forwarding,
         FeatureCount
     };
 
-    void ask(int feature);
-
-    std::array<bool, FeatureCount> m_has;
+    std::bitset<FeatureCount> m_has;
     QPointer<Ticket> m_asking;
     bool m_ready = false;
 };

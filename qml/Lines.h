@@ -16,6 +16,7 @@ public:
     explicit Lines(QObject *parent = nullptr)
         : Subject(parent)
     {
+        m_current->setUrgency(Urgency::CallControl); // a call that is made afterwards goes out on it
     }
 
 private:

@@ -3,6 +3,8 @@
 
 #include "Subject.h"
 
+#include <QTimer>
+
 namespace Kvq {
 
 struct FoundNetwork {
@@ -24,6 +26,8 @@ class NetworkSelection : public Kvq::ListSubject {
     Q_PROPERTY(Kvq::BoolSetting *serviceTone MEMBER m_serviceTone CONSTANT)
     Q_PROPERTY(Kvq::TextSetting *serviceProvider MEMBER m_serviceProvider CONSTANT)
     Q_PROPERTY(bool searching READ isSearching NOTIFY searchingChanged)
+    Q_PROPERTY(int searchInterval READ searchInterval WRITE setSearchInterval NOTIFY searchIntervalChanged)
+    Q_PROPERTY(int searchLimit READ searchLimit WRITE setSearchLimit NOTIFY searchLimitChanged)
 
 public:
     enum SearchMode {
@@ -53,7 +57,12 @@ public:
 
     explicit NetworkSelection(QObject *parent = nullptr);
 
-    bool isSearching() const { return m_search; }
+    /** A search is asked for or under way, whichever item asked. */
+    bool isSearching() const;
+    int searchInterval() const { return m_searchInterval; }
+    void setSearchInterval(int milliseconds);
+    int searchLimit() const { return m_searchLimit; }
+    void setSearchLimit(int milliseconds);
 
     Q_INVOKABLE Kvq::Request *search();
     Q_INVOKABLE Kvq::Request *rescan();
@@ -62,11 +71,14 @@ public:
 
 Q_SIGNALS:
     void searchingChanged();
+    void searchIntervalChanged();
+    void searchLimitChanged();
 
 private:
     using Network = PHONE_ENG_NtInterface;
 
     Request *look(bool (Network::*operation)());
+    void lookAgain();
 
     Rows<FoundNetwork> *const m_networks;
     IntSetting *const m_searchMode =
@@ -82,7 +94,10 @@ private:
         const bool isRead = name.isNull() || !name.isEmpty();
         return Operations::answerOf(isRead ? TAPI_RESULT_SUCC : TAPI_RESULT_FAIL, name);
     });
-    QPointer<Request> m_search;
+    QPointer<Request> m_search; ///< its request, while that is in flight
+    QTimer m_nextLook;
+    int m_searchInterval = 2000;
+    int m_searchLimit = 180000;
 };
 
 } // namespace Kvq

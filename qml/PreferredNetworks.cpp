@@ -86,6 +86,7 @@ const PreferredNetwork *atPosition(const List &networks, int position)
 bool writeDifferences(PHONE_ENG_NtInterface &network, const List &before, const List &after)
 {
     for (const PreferredNetwork &entry : after) {
+        CallSetupWorker::instance().letCallControlPass();
         const PreferredNetwork *const old = atPosition(before, entry.position);
         if ((!old || old->networkId != entry.networkId)
             && !network.addPreferredNetwork(static_cast<unsigned int>(entry.position), entry.networkId))

@@ -5,10 +5,10 @@
 
 namespace Kvq {
 
-Request::Request(QObject *item, Job job)
+Request::Request(QObject *item, Job job, Urgency urgency)
     : QObject(item)
-    , m_ticket(
-          new Ticket(this, std::move(job), Lifetime::OfWorker, [this](const Answer &answer) { end(answer); }))
+    , m_ticket(new Ticket(this, std::move(job), Lifetime::OfWorker, urgency,
+                          [this](const Answer &answer) { end(answer); }))
 {
 }
 

@@ -20,15 +20,17 @@ class Request : public QObject {
     Q_PROPERTY(bool busy READ isBusy NOTIFY stateChanged)
     Q_PROPERTY(int result READ result NOTIFY stateChanged)
     Q_PROPERTY(QString error READ error NOTIFY stateChanged)
+    Q_PROPERTY(QString advice READ advice NOTIFY stateChanged)
     Q_PROPERTY(QVariant value READ value NOTIFY stateChanged)
 
 public:
-    Request(QObject *item, Job job);
+    Request(QObject *item, Job job, Urgency urgency);
 
     CallSetup::State state() const { return m_state; }
     bool isBusy() const { return m_state == CallSetup::Busy; }
     int result() const { return m_answer.result; }
     QString error() const { return Results::text(m_answer.result); }
+    QString advice() const { return Results::advice(m_answer.result); }
     const QVariant &value() const { return m_answer.value; }
 
     Q_INVOKABLE bool cancel();

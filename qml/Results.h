@@ -15,7 +15,9 @@ enum : int {
     Cancelled,           ///< the request was cancelled before it ran
 };
 
-/** Empty for success. */
+/** What happened. Empty for success. */
 QString text(int result);
+/** What to do about it. Empty for success, and where there is nothing to do. */
+QString advice(int result);
 
 } // namespace Kvq::Results

@@ -3,23 +3,9 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace Kvq {
-
-/** Tells all settings of the process what one of them wrote. */
-class Exchange : public QObject {
-    Q_OBJECT
-
-public:
-    static Exchange &instance()
-    {
-        static Exchange exchange;
-        return exchange;
-    }
-
-Q_SIGNALS:
-    void written(const Kvq::Setting *source, const QVariant &value);
-};
 
 Setting::Setting(QVariant initial, Reader reader, Writer writer, QObject *item)
     : QObject(item)
@@ -29,7 +15,13 @@ Setting::Setting(QVariant initial, Reader reader, Writer writer, QObject *item)
     , m_shown(m_initial)
     , m_confirmed(m_initial)
 {
-    connect(&Exchange::instance(), &Exchange::written, this, &Setting::adopt);
+    connect(&LastKnown::instance(), &LastKnown::written, this, &Setting::adopt);
+}
+
+void Setting::begin(const QMetaObject *type)
+{
+    m_type = type;
+    inherit();
 }
 
 CallSetup::State Setting::state() const
@@ -41,8 +33,8 @@ void Setting::refresh()
 {
     if (!m_reader || m_reading)
         return;
-    m_reading =
-        new Ticket(this, m_reader, Lifetime::OfItem, [this](const Answer &answer) { readEnded(answer); });
+    m_reading = new Ticket(this, m_reader, Lifetime::OfItem, Urgency::Ordinary,
+                           [this](const Answer &answer) { readEnded(answer); });
     Q_EMIT stateChanged();
 }
 
@@ -82,7 +74,7 @@ void Setting::write(QVariant value)
     Write &write = m_writes[number];
     write.ticket = new Ticket(
         this, [writer = m_writer, value](Engine &engine) { return writer(engine, value); },
-        Lifetime::OfWorker, [this, number](const Answer &answer) { writeEnded(number, answer); });
+        Lifetime::OfWorker, m_urgency, [this, number](const Answer &answer) { writeEnded(number, answer); });
     write.value = std::move(value);
     show();
     Q_EMIT stateChanged();
@@ -97,9 +89,11 @@ void Setting::forget()
     m_confirmed = m_initial;
     m_takenBack.reset();
     m_known = false;
+    m_stale = false;
     m_available = true;
     m_settled = CallSetup::Unknown;
     m_result = TAPI_RESULT_SUCC;
+    inherit();
     show();
     Q_EMIT stateChanged();
 }
@@ -109,9 +103,11 @@ void Setting::readEnded(const Answer &answer)
     m_reading.clear();
     if (answer.isSuccess()) {
         m_confirmed = answer.value;
-        m_known = true;
+        keep(m_confirmed);
         m_available = true;
         show();
+    } else if (answer.result == TAPI_RESULT_SIM_UNAVAILABLE || answer.result == TAPI_RESULT_NOT_SUPPORTED) {
+        dropStale();
     }
     if (m_writes.empty() && answer.result != Results::Cancelled)
         settle(answer.result);
@@ -127,8 +123,8 @@ void Setting::writeEnded(unsigned int number, const Answer &answer)
     if (answer.isSuccess()) {
         const QVariant taken = answer.value.isValid() ? answer.value : asked;
         m_confirmed = taken;
-        m_known = true;
-        Q_EMIT Exchange::instance().written(this, taken); // who hears of it may make this setting forget
+        keep(taken);
+        Q_EMIT LastKnown::instance().written(this, taken); // who hears of it may make this setting forget
     }
     show();
     // A later write decides what there is to tell.
@@ -169,18 +165,51 @@ void Setting::show()
     Q_EMIT valueChanged();
 }
 
+/** What an item before this one has last known, until this one has read it again. */
+void Setting::inherit()
+{
+    const QVariant value = LastKnown::instance().value(name());
+    if (m_known || !m_reader || !value.isValid())
+        return;
+    m_confirmed = value;
+    m_known = true;
+    m_stale = true;
+    show();
+    Q_EMIT stateChanged();
+}
+
 void Setting::adopt(const Setting *source, const QVariant &value)
 {
-    if (source == this || !m_known || !m_writes.empty() || !isSameAs(*source))
+    if (source == this || !m_known || !m_writes.empty() || name() != source->name())
         return;
     m_confirmed = value;
     show();
+    if (std::exchange(m_stale, false))
+        Q_EMIT stateChanged();
 }
 
-bool Setting::isSameAs(const Setting &other) const
+void Setting::keep(const QVariant &value)
 {
-    return parent()->metaObject() == other.parent()->metaObject() && m_place == other.m_place
-        && variant() == other.variant();
+    m_known = true;
+    m_stale = false;
+    LastKnown::instance().keep(name(), value);
+}
+
+/** What was known may have been another card's, so it is shown no longer. */
+void Setting::dropStale()
+{
+    LastKnown::instance().drop(name());
+    if (!m_stale)
+        return;
+    m_stale = false;
+    m_known = false;
+    m_confirmed = m_initial;
+    show();
+}
+
+ValueName Setting::name() const
+{
+    return {m_type ? m_type : parent()->metaObject(), m_place, variant()};
 }
 
 BoolSetting::BoolSetting(Reader reader, Writer writer, QObject *item)
@@ -199,5 +228,3 @@ TextSetting::TextSetting(Reader reader, Writer writer, QObject *item)
 }
 
 } // namespace Kvq
-
-#include "Setting.moc"

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "CallSetup.h"
+#include "LastKnown.h"
 #include "Ticket.h"
 
 #include <QPointer>
@@ -20,7 +21,9 @@ class Setting : public QObject {
     Q_PROPERTY(bool busy READ isBusy NOTIFY stateChanged)
     Q_PROPERTY(int result READ result NOTIFY stateChanged)
     Q_PROPERTY(QString error READ error NOTIFY stateChanged)
+    Q_PROPERTY(QString advice READ advice NOTIFY stateChanged)
     Q_PROPERTY(bool known READ isKnown NOTIFY stateChanged)
+    Q_PROPERTY(bool stale READ isStale NOTIFY stateChanged)
     Q_PROPERTY(bool available READ isAvailable NOTIFY stateChanged)
     Q_PROPERTY(bool writable READ isWritable CONSTANT)
 
@@ -37,7 +40,9 @@ public:
     bool isBusy() const { return m_reading || !m_writes.empty(); }
     int result() const { return m_result; }
     QString error() const { return Results::text(m_result); }
+    QString advice() const { return Results::advice(m_result); }
     bool isKnown() const { return m_known; }
+    bool isStale() const { return m_stale; }
     bool isAvailable() const { return m_available; }
     bool isWritable() const { return static_cast<bool>(m_writer); }
 
@@ -47,6 +52,12 @@ public:
 
     /** The setting's place among those of its item, which makes it the same as another item's. */
     void setPlace(int place) { m_place = place; }
+    /** For writes on which a call depends that is made after them. */
+    void setUrgency(Urgency urgency) { m_urgency = urgency; }
+    /** Tells apart what the setting means at different times; 0 for what it usually means. */
+    virtual int variant() const { return 0; }
+    /** Begins, for an item of a type, with what an item before it has last known. */
+    void begin(const QMetaObject *type);
 
 Q_SIGNALS:
     void valueChanged();
@@ -63,8 +74,6 @@ protected:
      * their end is not waited for.
      */
     void forget();
-    /** Told apart from settings that have the same place in other items of its type. */
-    virtual int variant() const { return 0; }
 
 private:
     struct Write {
@@ -76,8 +85,11 @@ private:
     void writeEnded(unsigned int number, const Answer &answer);
     void settle(int result);
     void show();
+    void inherit();
     void adopt(const Setting *source, const QVariant &value);
-    bool isSameAs(const Setting &other) const;
+    void keep(const QVariant &value);
+    void dropStale();
+    ValueName name() const;
 
     const Reader m_reader;
     const Writer m_writer;
@@ -90,8 +102,11 @@ private:
     unsigned int m_writesMade = 0;
     CallSetup::State m_settled = CallSetup::Unknown;
     int m_result = TAPI_RESULT_SUCC;
+    const QMetaObject *m_type = nullptr; ///< of the item
     int m_place = 0;
+    Urgency m_urgency = Urgency::Ordinary;
     bool m_known = false;
+    bool m_stale = false; ///< known from before the item was there, and not read again yet
     bool m_available = true;
 };
 

@@ -8,7 +8,11 @@
 #include <QAbstractListModel>
 #include <QQmlParserStatus>
 
+#include <algorithm>
 #include <array>
+#include <iterator>
+#include <set>
+#include <utility>
 #include <vector>
 
 namespace Kvq {
@@ -18,11 +22,13 @@ class Activity : public QObject {
     Q_OBJECT
 
 public:
-    explicit Activity(QObject *item);
+    /** @param urgency of the item's readings and requests, and of the writes of its settings */
+    explicit Activity(QObject *item, Urgency urgency);
 
     CallSetup::State state() const { return m_state; }
     int result() const { return m_result; }
     bool isAvailable() const { return m_available; }
+    bool isStale() const { return m_stale; }
     bool refreshesItself() const { return m_autoRefresh; }
     void setRefreshesItself(bool on);
 
@@ -50,13 +56,24 @@ public:
         return setting;
     }
 
+    using Take = std::function<void(const QVariant &)>;
+    /** Whether what was read is still of use to an item that is made later. */
+    enum class Keeping { Kept, ForNow };
     /** What refresh() reads besides the settings. */
-    void setReader(Job job, std::function<void(const QVariant &)> take);
+    void setReader(Job job, Take take, Keeping keeping = Keeping::Kept);
+    /**
+     * Begins with what an item of the same type has last known.
+     * @return its list, which may be newer than its reading; invalid for none
+     */
+    QVariant begin();
+    /** A list as the phone has it. */
+    void keepList(const QVariant &list);
+
     void refresh();
     void refreshSettings();
     /** The reader alone. One reading at a time: a wish that comes meanwhile is met by one more. */
     void read();
-    /** The same without the item showing that it is busy, for what it reads again and again by itself. */
+    /** The same without the item showing that it is busy, for what it reads by itself. */
     void readQuietly();
     bool isReading() const { return m_reading; }
     /** Of the reader's last run. */
@@ -68,18 +85,24 @@ public:
 Q_SIGNALS:
     void changed();
     void autoRefreshChanged();
-    void readingEnded();
+    void readingEnded(bool success);
 
 private:
     void addSetting(Setting *setting);
+    ValueName name(ValueName::Place place) const { return {m_type, place, 0}; }
+    bool keeps() const { return m_type && m_keeping == Keeping::Kept; }
     void startReading();
     void readEnded(const Answer &answer);
     void update();
 
     std::vector<Setting *> m_settings;
     std::vector<QPointer<Request>> m_requests; ///< in flight
+    const Urgency m_urgency;
+    const QMetaObject *m_type = nullptr; ///< of the item, once it has begun
     Job m_reader;
-    std::function<void(const QVariant &)> m_take;
+    Take m_take;
+    Keeping m_keeping = Keeping::Kept;
+    bool m_staleReading = false; ///< what is shown was read for an item before this one
     QPointer<Ticket> m_reading;
     bool m_readAgain = false;
     bool m_readsQuietly = false;
@@ -90,6 +113,7 @@ private:
     CallSetup::State m_state = CallSetup::Unknown;
     int m_result = TAPI_RESULT_SUCC;
     bool m_available = true;
+    bool m_stale = false;
 };
 
 /** What items have in common, models or not; the properties themselves stand in both bases, where moc reads them. */
@@ -99,16 +123,18 @@ public:
     bool isBusy() const { return state() == CallSetup::Busy; }
     int result() const { return m_activity->result(); }
     QString error() const { return Results::text(result()); }
+    QString advice() const { return Results::advice(result()); }
     bool isAvailable() const { return m_activity->isAvailable(); }
+    bool isStale() const { return m_activity->isStale(); }
     bool autoRefresh() const { return m_activity->refreshesItself(); }
     void setAutoRefresh(bool on) { m_activity->setRefreshesItself(on); }
 
-    void classBegin() override { }
+    void classBegin() override { m_activity->begin(); }
     void componentComplete() override;
 
 protected:
-    explicit Item(QObject *item)
-        : m_activity(new Activity(item))
+    explicit Item(QObject *item, Urgency urgency = Urgency::Ordinary)
+        : m_activity(new Activity(item, urgency))
     {
     }
 
@@ -125,7 +151,9 @@ class Subject : public QObject, public Item {
     Q_PROPERTY(bool busy READ isBusy NOTIFY stateChanged)
     Q_PROPERTY(int result READ result NOTIFY stateChanged)
     Q_PROPERTY(QString error READ error NOTIFY stateChanged)
+    Q_PROPERTY(QString advice READ advice NOTIFY stateChanged)
     Q_PROPERTY(bool available READ isAvailable NOTIFY stateChanged)
+    Q_PROPERTY(bool stale READ isStale NOTIFY stateChanged)
     Q_PROPERTY(bool autoRefresh READ autoRefresh WRITE setAutoRefresh NOTIFY autoRefreshChanged)
 
 public:
@@ -153,6 +181,8 @@ public:
     virtual int count() const = 0;
     virtual QVariant value(int row, int role) const = 0;
     virtual QHash<int, QByteArray> roleNames() const = 0;
+    /** Begins with the rows that a model of the same type has last known, if there are any. */
+    virtual void inherit(const QVariant &list) = 0;
 };
 
 template <typename Row>
@@ -168,14 +198,18 @@ class ListSubject : public QAbstractListModel, public Item {
     Q_PROPERTY(bool busy READ isBusy NOTIFY stateChanged)
     Q_PROPERTY(int result READ result NOTIFY stateChanged)
     Q_PROPERTY(QString error READ error NOTIFY stateChanged)
+    Q_PROPERTY(QString advice READ advice NOTIFY stateChanged)
     Q_PROPERTY(bool available READ isAvailable NOTIFY stateChanged)
+    Q_PROPERTY(bool stale READ isStale NOTIFY stateChanged)
     Q_PROPERTY(bool autoRefresh READ autoRefresh WRITE setAutoRefresh NOTIFY autoRefreshChanged)
     Q_PROPERTY(int count READ count NOTIFY countChanged)
 
 public:
-    explicit ListSubject(QObject *parent = nullptr);
+    explicit ListSubject(QObject *parent = nullptr, Urgency urgency = Urgency::Ordinary);
 
     int count() const { return m_rows->count(); }
+
+    void classBegin() override;
 
     Q_INVOKABLE void refresh() { m_activity->refresh(); }
     Q_INVOKABLE void cancel() { m_activity->cancel(); }
@@ -249,6 +283,16 @@ public:
     void setConfirmed(List rows)
     {
         m_confirmed = std::move(rows);
+        keep();
+        show();
+    }
+
+    void inherit(const QVariant &list) override
+    {
+        if (!list.canConvert<List>())
+            return;
+        m_confirmed = list.value<List>();
+        keep(); // the reading that the model took before is older
         show();
     }
 
@@ -266,49 +310,84 @@ public:
                 m_confirmed = answer.value.template value<List>();
             else if (answer.isSuccess())
                 ended(m_confirmed);
+            keep();
             show();
         });
         return request;
     }
 
 private:
+    using Key = std::decay_t<decltype(std::declval<const Row &>().key())>;
+
+    void keep() { m_model.m_activity->keepList(QVariant::fromValue(m_confirmed)); }
+
+    /** Whoever hears of a change may make another one, which is then shown after this one. */
     void show()
+    {
+        m_showAgain = true;
+        if (std::exchange(m_isShowing, true))
+            return;
+        const auto countBefore = m_shown.size();
+        while (std::exchange(m_showAgain, false))
+            showOnce();
+        m_isShowing = false;
+        if (m_shown.size() != countBefore)
+            Q_EMIT m_model.countChanged();
+    }
+
+    void showOnce()
     {
         List next = m_confirmed;
         for (const auto &[number, change] : m_changes)
             change(next);
-        const auto isRow = [](const auto &key) { return [key](const Row &row) { return row.key() == key; }; };
-        const auto countBefore = m_shown.size();
-        for (auto row = m_shown.size() - 1; row >= 0; --row) {
-            if (std::none_of(next.cbegin(), next.cend(), isRow(m_shown.at(row).key()))) {
-                m_model.beginRemoveRows({}, static_cast<int>(row), static_cast<int>(row));
-                m_shown.removeAt(row);
-                m_model.endRemoveRows();
-            }
+        if (next == m_shown)
+            return;
+        std::vector<Key> keys = keysOf(m_shown);
+        const std::vector<Key> wantedKeys = keysOf(next);
+        const std::set<Key> wanted(wantedKeys.begin(), wantedKeys.end());
+        for (int row = count() - 1; row >= 0; --row) {
+            if (wanted.count(keys[static_cast<std::size_t>(row)]) != 0)
+                continue;
+            m_model.beginRemoveRows({}, row, row);
+            m_shown.removeAt(row);
+            keys.erase(keys.begin() + row);
+            m_model.endRemoveRows();
         }
+        const std::set<Key> kept(keys.begin(), keys.end());
         for (int row = 0; row < static_cast<int>(next.size()); ++row) {
-            const Row &wanted = next.at(row);
-            const auto begin = m_shown.cbegin() + row;
-            const auto found = std::find_if(begin, m_shown.cend(), isRow(wanted.key()));
-            if (found == m_shown.cend()) {
+            const Key &key = wantedKeys[static_cast<std::size_t>(row)];
+            // A row that is new need not be looked for.
+            const auto place = keys.begin() + row;
+            const auto found = kept.count(key) != 0 ? std::find(place, keys.end(), key) : keys.end();
+            if (found == keys.end()) {
                 m_model.beginInsertRows({}, row, row);
-                m_shown.insert(row, wanted);
+                m_shown.insert(row, next.at(row));
+                keys.insert(place, key);
                 m_model.endInsertRows();
                 continue;
             }
-            if (const int from = row + static_cast<int>(found - begin); from != row) {
+            if (found != place) {
+                const int from = static_cast<int>(found - keys.begin());
                 m_model.beginMoveRows({}, from, from, {}, row);
                 m_shown.move(from, row);
+                std::rotate(place, found, found + 1);
                 m_model.endMoveRows();
             }
-            if (!(m_shown.at(row) == wanted)) {
-                m_shown[row] = wanted;
+            if (!(m_shown.at(row) == next.at(row))) {
+                m_shown[row] = next.at(row);
                 const QModelIndex index = m_model.index(row);
                 Q_EMIT m_model.dataChanged(index, index);
             }
         }
-        if (m_shown.size() != countBefore)
-            Q_EMIT m_model.countChanged();
+    }
+
+    static std::vector<Key> keysOf(const List &rows)
+    {
+        std::vector<Key> keys;
+        keys.reserve(static_cast<std::size_t>(rows.size()));
+        std::transform(rows.cbegin(), rows.cend(), std::back_inserter(keys),
+                       [](const Row &row) { return row.key(); });
+        return keys;
     }
 
     ListSubject &m_model;
@@ -317,6 +396,8 @@ private:
     List m_confirmed;
     std::map<unsigned int, Change> m_changes; ///< in flight, in the order of asking
     unsigned int m_changesMade = 0;
+    bool m_isShowing = false;
+    bool m_showAgain = false;
 };
 
 } // namespace Kvq

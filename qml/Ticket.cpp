@@ -5,7 +5,7 @@
 
 namespace Kvq {
 
-Ticket::Ticket(QObject *item, Job job, Lifetime lifetime, Listener listener)
+Ticket::Ticket(QObject *item, Job job, Lifetime lifetime, Urgency urgency, Listener listener)
     : QObject(item)
     , m_lifetime(lifetime)
     , m_listener(std::move(listener))
@@ -14,13 +14,15 @@ Ticket::Ticket(QObject *item, Job job, Lifetime lifetime, Listener listener)
         const QFuture<Answer> future = m_watcher.future();
         tell(future.resultCount() > 0 ? future.result() : Answer{Results::Cancelled, {}});
     });
-    m_watcher.setFuture(
-        CallSetupWorker::instance().run([phase = m_phase, job = std::move(job)](Engine &engine) {
-            Phase waiting = Phase::Waiting;
-            if (!phase->compare_exchange_strong(waiting, Phase::Taken))
-                return Answer{Results::Cancelled, {}};
-            return job(engine);
-        }));
+    auto unlessWithdrawn = [phase = m_phase, job = std::move(job)](Engine &engine) {
+        Phase waiting = Phase::Waiting;
+        if (!phase->compare_exchange_strong(waiting, Phase::Taken))
+            return Answer{Results::Cancelled, {}};
+        return job(engine);
+    };
+    CallSetupWorker &worker = CallSetupWorker::instance();
+    m_watcher.setFuture(urgency == Urgency::CallControl ? worker.runCallControl(std::move(unlessWithdrawn))
+                                                        : worker.run(std::move(unlessWithdrawn)));
 }
 
 Ticket::~Ticket()

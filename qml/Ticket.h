@@ -35,6 +35,9 @@ using Job = std::function<Answer(Engine &)>;
 /** Whether a request that waits is still to be made when the item that asked goes. */
 enum class Lifetime { OfItem, OfWorker };
 
+/** Call control goes first. */
+enum class Urgency { Ordinary, CallControl };
+
 /**
  * Asks the worker and tells the item. Belongs to the item that asked, so an item that goes is not told; deletes
  * itself once it has told.
@@ -43,7 +46,7 @@ class Ticket final : public QObject {
 public:
     using Listener = std::function<void(const Answer &)>;
 
-    Ticket(QObject *item, Job job, Lifetime lifetime, Listener listener);
+    Ticket(QObject *item, Job job, Lifetime lifetime, Urgency urgency, Listener listener);
     ~Ticket() override;
 
     /** Cancels the request if it waits. The listener is then told of Results::Cancelled, before this returns. */

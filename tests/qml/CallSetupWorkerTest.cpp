@@ -121,6 +121,26 @@ TEST_F(CallSetupWorkerTest, EachThreadsRequestsKeepTheirOrder)
     EXPECT_TRUE(happens([this] { return worker.requestsInFlight() == 0; }));
 }
 
+TEST_F(CallSetupWorkerTest, CallControlRunsBeforeWhatWaits)
+{
+    Gate gate;
+    std::vector<int> order;
+    worker.run([&](Engine &) {
+        gate.pass();
+        worker.letCallControlPass();
+        order.push_back(0);
+    });
+    worker.run([&](Engine &) { order.push_back(3); });
+    for (const int number : {-2, -1})
+        worker.runCallControl([&order, number](Engine &) { order.push_back(number); });
+    gate.open();
+    worker.run([](Engine &) {}).waitForFinished();
+    worker.letCallControlPass(); // not from a request: does nothing
+    EXPECT_EQ(order, (std::vector<int>{-2, -1, 0, 3}));
+    EXPECT_TRUE(happens([this] { return worker.requestsInFlight() == 0; }));
+    EXPECT_TRUE(worker.runCallControl([](Engine &) { return true; }).result());
+}
+
 TEST_F(CallSetupWorkerTest, ACancelledRequestNeverRuns)
 {
     Gate gate;

@@ -93,6 +93,14 @@ QStringList Desk::calls(const QString &function)
     return calls;
 }
 
+QStringList Desk::order()
+{
+    QStringList functions;
+    for (const std::string &call : withPhone([](SimulatedPhone &phone) { return phone.takeJournal(); }))
+        functions.append(QString::fromStdString(call).section(QLatin1Char('('), 0, 0));
+    return functions;
+}
+
 void Desk::forgetCalls()
 {
     calls({});
@@ -147,6 +155,15 @@ void Desk::preferNetworks(const QStringList &ids)
         preferred.clear();
         for (const QString &id : ids)
             preferred.emplace(static_cast<unsigned int>(preferred.size()), id.toStdString());
+        return true;
+    });
+}
+
+void Desk::findNetworks(const QStringList &ids)
+{
+    withPhone([ids](SimulatedPhone &phone) {
+        for (Network &network : phone.state().network.networks)
+            network.known = ids.contains(QString::fromStdString(network.id));
         return true;
     });
 }

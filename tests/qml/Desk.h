@@ -32,6 +32,8 @@ public:
     /** The calls of a platform function since the last look, with their arguments. */
     Q_INVOKABLE QStringList calls(const QString &function);
     Q_INVOKABLE void forgetCalls();
+    /** The functions that were called since the last look, in order. */
+    Q_INVOKABLE QStringList order();
 
     Q_INVOKABLE int ring(const QString &number);
     Q_INVOKABLE bool remoteAnswers(int callId);
@@ -39,6 +41,8 @@ public:
     Q_INVOKABLE void forgetWhoCalled(int callId);
     Q_INVOKABLE void lackFeature(int feature);
     Q_INVOKABLE void preferNetworks(const QStringList &ids);
+    /** What a search that was begun has found. */
+    Q_INVOKABLE void findNetworks(const QStringList &ids);
 
     Q_INVOKABLE void speak(const QString &language);
 

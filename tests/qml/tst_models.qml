@@ -24,6 +24,8 @@ TestCase {
         }
     }
 
+    SignalSpy { id: learnt; signalName: "featuresChanged" }
+    CallForwarding { id: forwarding; autoRefresh: false }
     SignalSpy { id: moved; target: preferred; signalName: "rowsMoved" }
     SignalSpy { id: reset; target: preferred; signalName: "modelReset" }
 
@@ -80,6 +82,28 @@ TestCase {
         compare(column(preferred, "networkId"), ["00101", "00103", "00102"])
         tryCompare(preferred, "busy", false)
         compare(column(preferred, "networkId"), ["00101", "00103", "00102"])
+    }
+
+    // A handler that changes the model while it hears of a change.
+    Connections {
+        id: meddler
+        enabled: false
+        target: preferred
+        function onRowsInserted() {
+            enabled = false
+            preferred.clear()
+            preferred.add("00102")
+        }
+    }
+
+    function test_aChangeIsMadeWhileAnotherIsShown() {
+        desk.preferNetworks(["00101", "00103"])
+        load(preferred)
+        meddler.enabled = true
+        preferred.insert(0, "26202")
+        compare(column(preferred, "networkId"), ["00102"])
+        tryCompare(preferred, "busy", false)
+        compare(column(preferred, "networkId"), ["00102"])
     }
 
     function test_aFailedChangeIsTakenBack_data() {
@@ -180,21 +204,63 @@ TestCase {
         compare(desk.calls("TAPI_NETWORK_GetAvailableNetwork"), [])
     }
 
-    function test_features() {
-        desk.lackFeature(266)
-        desk.answer("TAPI_CS_GetVoiceWaitingStatus", CallSetup.NotSupported)
-        desk.answer("TAPI_CPHS_GetLineLockStatus", CallSetup.NotSupported)
-        desk.answer("TAPI_CS_GetChargeDisplay", 0x8000) // a failure is no lack
-        desk.answer("TAPI_NETWORK_GetSearchMode", CallSetup.ModemOffline) // nor is one without a reason
+    readonly property var allFeatures: [
+        "hearingAid", "hyphenation", "forwarding", "callCosts", "callerId", "callWaiting", "fixedDialling", "lines",
+        "pin2", "upin", "ownNumbers", "usimAccounts", "networkSelection", "preferredNetworks"
+    ]
+
+    function test_features_data() {
+        const absent = CallSetup.NotSupported
+        return [{ tag: "all", answers: { }, lacking: [] },
+                { tag: "one each", lacking: ["callCosts", "fixedDialling", "lines", "ownNumbers", "pin2",
+                                             "upin"],
+                  answers: { TAPI_CPHS_GetLineLockStatus: absent, TAPI_CS_GetChargeDisplay: absent,
+                             TAPI_FIXDIALING_GetAvailability: 0, TAPI_SECURITY_GetAnyPinStatus: absent,
+                             TAPI_SECURITY_GetUPINUsageQualifier: absent, TAPI_OWNNUMBER_GetRange: absent } },
+                { tag: "no reason, and a SIM that answers", lacking: ["networkSelection", "preferredNetworks"],
+                  answers: { TAPI_NETWORK_GetSearchMode: CallSetup.Refused,
+                             TAPI_NETWORK_GetTotalPreferredOperatorNumber: CallSetup.Refused } },
+                { tag: "no reason, and a SIM that does not", lacking: [],
+                  answers: { TAPI_NETWORK_GetSearchMode: CallSetup.ModemOffline,
+                             TAPI_SECURITY_GetAnyPinStatus: CallSetup.ModemOffline } },
+                { tag: "failures are no lacks", lacking: [],
+                  answers: { TAPI_CS_GetChargeDisplay: 0x8000, TAPI_CPHS_GetLineLockStatus: 0x8000,
+                             TAPI_OWNNUMBER_GetRange: 0x8000, TAPI_SECURITY_GetNumOfUsim: 0x8000 } }]
+    }
+
+    function test_features(data) {
+        for (const name in data.answers)
+            desk.answer(name, data.answers[name])
         const features = createTemporaryObject(featuresComponent, test)
-        compare(features.callWaiting, true) // until it is known
+        learnt.target = features
+        learnt.clear()
+        compare(allFeatures.filter(feature => !features[feature]), []) // until it is known
+        compare(features.ready, false)
         tryCompare(features, "ready", true)
-        compare(features.hyphenation, false)
-        compare(features.callWaiting, false)
-        compare(features.lines, false)
-        compare(features.callCosts, true)
-        compare(features.networkSelection, true)
+        compare(allFeatures.filter(feature => !features[feature]).sort(), data.lacking)
+        compare(learnt.count, 1)
+    }
+
+    function test_whatTheNetworkOffersIsLearntFromItems() {
+        const features = createTemporaryObject(featuresComponent, test)
+        tryCompare(features, "ready", true)
+        compare(desk.calls("TAPI_CS_GetDivertStatus"), []) // a start asks the network for nothing
+        desk.answer("TAPI_CS_GetDivertStatus", CallSetup.NotSupported)
+        desk.answer("TAPI_FTRDB_GetState", 0x8000)
+        load(forwarding)
+        load(callerId)
+        compare([forwarding.available, features.forwarding, features.callerId], [false, false, true])
+        desk.answer("TAPI_CS_GetDivertStatus", CallSetup.Success, 4)
+        load(forwarding)
         compare(features.forwarding, true)
-        compare(features.usimAccounts, true)
+        desk.answer("TAPI_CS_GetDivertStatus", CallSetup.NotSupported)
+        forwarding.serviceClass = CallForwarding.Fax
+        load(forwarding)
+        compare([forwarding.available, features.forwarding], [false, true]) // for fax only
+        forwarding.serviceClass = CallForwarding.Voice
+        load(forwarding)
+        compare(features.forwarding, false)
+        features.refresh() // the product may be another one
+        compare(features.forwarding, true)
     }
 }

@@ -12,6 +12,10 @@ TestCase {
     SimPins { id: pins; autoRefresh: false }
     FixedDialling { id: fixedDialling; autoRefresh: false }
     CallWaiting { id: waiting; autoRefresh: false }
+    CallerId { id: callerId; autoRefresh: false }
+    Lines { id: lines; autoRefresh: false }
+    Features { id: features; autoRefresh: false }
+    PreferredNetworks { id: preferred; autoRefresh: false }
 
     SignalSpy { id: added; signalName: "callAdded" }
     SignalSpy { id: removed; signalName: "callRemoved" }
@@ -19,7 +23,7 @@ TestCase {
 
     function init() {
         desk.reset()
-        for (const item of [calls, fixedDialling]) {
+        for (const item of [calls, fixedDialling, callerId, lines]) {
             item.refresh()
             tryCompare(item, "busy", false)
         }
@@ -130,6 +134,76 @@ TestCase {
         compare(desk.calls("TAPI_CALL_GetAllCallSessions"), [])
     }
 
+    // Who cannot see the calls is told of none, and who uses the application need not wait for it.
+    function test_attention_data() {
+        return [{ tag: "used", visible: true, active: true, looks: true },
+                { tag: "only seen", visible: true, active: false, looks: false },
+                { tag: "not seen", visible: false, active: true, looks: false }]
+    }
+
+    function test_attention(data) {
+        const watcher = createTemporaryObject(watchingComponent, test,
+                                              { idleInterval: 3600000, visible: data.visible, active: data.active,
+                                                autoRefresh: false })
+        added.target = watcher
+        added.clear()
+        tryCompare(watcher, "busy", false)
+        const id = desk.ring("0800")
+        if (!data.looks) {
+            wait(200)
+            compare(watcher.count, 0)
+            watcher.visible = true
+            watcher.active = true // looks at once
+        }
+        tryCompare(added, "count", 1)
+        watcher.visible = false
+        tryVerify(() => CallSetup.requestsInFlight === 0)
+        desk.forgetCalls()
+        desk.endCall(id)
+        wait(200)
+        compare(desk.calls("TAPI_CALL_GetAllCallSessions"), [])
+        watcher.visible = undefined // as the application has it
+        compare(watcher.visible, Qt.application.state >= Qt.ApplicationInactive)
+        compare(calls.active, Qt.application.state === Qt.ApplicationActive)
+    }
+
+    function test_callControlGoesFirst_data() {
+        return [{ tag: "one question of a page", hold: "TAPI_CS_GetVoiceWaitingStatus", ask: () => waiting.refresh() },
+                { tag: "many in one request", hold: "TAPI_FIXDIALING_GetAvailability", ask: () => features.refresh() },
+                { tag: "many writes in one request", hold: "TAPI_NETWORK_SetPreferredOperator",
+                  ask: () => preferred.insert(0, "00102") }]
+    }
+
+    function test_callControlGoesFirst(data) {
+        desk.preferNetworks(["00101", "00103"])
+        const id = desk.ring("222")
+        calls.refresh()
+        preferred.refresh()
+        tryCompare(CallSetup, "busy", false)
+        desk.forgetCalls()
+        desk.hold(data.hold)
+        data.ask()
+        tryVerify(() => desk.isHeld())
+        pins.refresh()
+        lines.refresh()
+        callerId.nextCall.value = CallerId.Invoke // the call must find it set
+        lines.current.value = 2
+        calls.answer(id)
+        calls.refresh()
+        calls.dial("111")
+        desk.letGo()
+        tryCompare(CallSetup, "busy", false)
+        const order = desk.order()
+        const first = order.indexOf(data.hold)
+        const control = ["TAPI_CS_SetRestrictNextCallID", "TAPI_CS_SelectLine", "TAPI_VOICE_AnswerCall",
+                         "TAPI_VOICE_MakeCall"]
+        compare(order.slice(first + 1).filter(name => control.includes(name)), control)
+        const reads = ["TAPI_SECURITY_GetPin1Status", "TAPI_CS_GetLine", "TAPI_NETWORK_GetSearchMode"]
+        for (const read of reads)
+            verify(order.indexOf(read, first) === -1 || order.indexOf(read, first) > order.indexOf("TAPI_VOICE_MakeCall"), read)
+        verify(order.lastIndexOf(data.hold) === first || order.lastIndexOf(data.hold) > order.indexOf("TAPI_VOICE_MakeCall"))
+    }
+
     function test_aWaitingRequestIsCancelled() {
         desk.hold("TAPI_CS_GetVoiceWaitingStatus")
         waiting.refresh()
@@ -208,13 +282,20 @@ TestCase {
                          CallSetup.ServiceDown, CallSetup.ModemOffline, CallSetup.LinkLost, CallSetup.AccessDenied, CallSetup.Pin2Needed,
                          CallSetup.NotStored, CallSetup.DiskFull, CallSetup.NotAllowed, CallSetup.Cancelled]
         const english = results.map(result => CallSetup.resultText(result))
-        for (const text of english)
+        const advice = results.map(result => CallSetup.resultAdvice(result))
+        compare(advice.pop(), "") // a cancelled request wants nothing
+        for (const text of english.concat(advice))
             verify(/^[A-Z].*\.$/.test(text) && !/code/.test(text), text)
         desk.speak("de_AT")
-        const german = results.map(result => CallSetup.resultText(result))
+        const german = results.map(result => CallSetup.resultText(result)).concat(
+                           results.slice(0, -1).map(result => CallSetup.resultAdvice(result)))
         desk.speak("en")
-        for (let index = 0; index < results.length; ++index)
-            verify(german[index] !== english[index] && /^[A-ZÄÖÜ].*\.$/.test(german[index]), german[index])
+        compare(german.length, english.length + advice.length)
+        english.concat(advice).forEach((text, index) => {
+            verify(german[index] !== text && /^[A-ZÄÖÜ].*\.$/.test(german[index]), german[index])
+        })
+        compare([CallSetup.resultText(0), CallSetup.resultAdvice(0)], ["", ""])
+        compare(CallSetup.resultAdvice(4711), "Try again later.")
         compare(CallSetup.resultText(CallSetup.PinRejected), "The SIM refused the PIN.")
     }
 }

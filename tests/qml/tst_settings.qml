@@ -16,6 +16,7 @@ TestCase {
     CallCosts { id: costs; autoRefresh: false }
     VideoCallSettings { id: video; autoRefresh: false }
     Component { id: preferencesComponent; CallPreferences { } }
+    Component { id: linesComponent; Lines { } }
 
     SignalSpy { id: shown; target: preferences.roamingAlert; signalName: "valueChanged" }
     SignalSpy { id: confirmed; target: preferences.roamingAlert; signalName: "confirmed" }
@@ -38,13 +39,16 @@ TestCase {
     }
 
     function test_valuesComeByThemselves() {
-        const item = createTemporaryObject(preferencesComponent, test)
-        compare(item.reminder.value, false)
-        compare(item.reminder.known, false)
+        const item = createTemporaryObject(linesComponent, test)
+        compare(item.current.value, 0)
+        compare([item.current.known, item.current.stale, item.stale], [false, false, false])
+        compare(item.state, CallSetup.Busy)
         tryCompare(item, "state", CallSetup.Ready)
-        compare(item.reminder.value, true) // its default
-        compare(item.nationalPrefix.value, "0")
-        compare(item.nationalPrefix.writable, false)
+        compare(item.current.value, 1)
+        compare([item.current.known, item.current.stale, item.stale], [true, false, false])
+        compare(preferences.reminder.value, true) // its default
+        compare(preferences.nationalPrefix.value, "0")
+        compare(preferences.nationalPrefix.writable, false)
     }
 
     function test_aWriteIsConfirmed() {
@@ -104,13 +108,13 @@ TestCase {
     function test_aFailedWriteIsTakenBack_data() {
         const store = preferences.roamingAlert
         return [{ tag: "not stored", setting: store, name: storeWrite, answer: 0, error: 0,
-                  result: CallSetup.NotStored, words: /could not be saved\.$/ },
+                  result: CallSetup.NotStored, words: /could not be saved/ },
                 { tag: "disk full", setting: store, name: storeWrite, answer: 0, error: 28,
-                  result: CallSetup.DiskFull, words: /storage is full/ },
+                  result: CallSetup.DiskFull, words: /disk is full/ },
                 { tag: "refused", setting: waiting.enabled, name: "TAPI_CS_SetVoiceWaitingStatus", answer: 0x8000,
                   error: 0, result: CallSetup.Refused, words: /refused/ },
                 { tag: "offline", setting: waiting.enabled, name: "TAPI_CS_SetVoiceWaitingStatus", answer: 0x9004,
-                  error: 0, result: CallSetup.ModemOffline, words: /offline/ },
+                  error: 0, result: CallSetup.ModemOffline, words: /modem is off/ },
                 { tag: "unknown code", setting: waiting.enabled, name: "TAPI_CS_SetVoiceWaitingStatus", answer: 4711,
                   error: 0, result: 4711, words: /4711/ }]
     }
@@ -124,13 +128,14 @@ TestCase {
         compare(data.setting.value, before)
         compare(data.setting.result, data.result)
         verify(data.words.test(data.setting.error), data.setting.error)
+        compare(data.setting.advice, CallSetup.resultAdvice(data.result))
         compare(data.setting.available, true)
         tryCompare(full, "count", data.error === 28 ? 1 : 0)
 
         data.setting.retry() // what was taken back
         tryCompare(data.setting, "state", CallSetup.Ready)
         compare(data.setting.value, !before)
-        compare(data.setting.error, "")
+        compare([data.setting.error, data.setting.advice], ["", ""])
     }
 
     // A value is kept from the refusal to the retry, and to a retry of that one's refusal, whatever it is made of.

@@ -1,0 +1,39 @@
+// Keeping what was last known.
+#include "LastKnown.h"
+
+#include <QQmlEngine>
+
+namespace Kvq {
+
+LastKnown &LastKnown::instance()
+{
+    static LastKnown lastKnown;
+    return lastKnown;
+}
+
+QVariant LastKnown::value(const ValueName &name) const
+{
+    const auto found = m_values.find(name);
+    return found == m_values.end() ? QVariant() : found->second;
+}
+
+void LastKnown::setAvailable(const QMetaObject *type, bool available)
+{
+    const bool changed = available ? m_lacking.erase(type) > 0 : m_lacking.insert(type).second;
+    if (changed)
+        Q_EMIT availabilityChanged();
+}
+
+void LastKnown::livesAsLongAs(const QQmlEngine *engine)
+{
+    if (engine)
+        connect(engine, &QObject::destroyed, this, &LastKnown::forget, Qt::UniqueConnection);
+}
+
+void LastKnown::forget()
+{
+    m_values.clear();
+    m_lacking.clear();
+}
+
+} // namespace Kvq
