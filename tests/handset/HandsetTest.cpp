@@ -98,7 +98,8 @@ TEST_F(HandsetTest, ReadsTheProductsFile)
     EXPECT_TRUE(product.read(write("product.conf",
                                    "# a product\n[features]\n 2007=yes # two lines\n160 = no\r\n"
                                    "[flex-bits]\n408 = yes\n[feature-database]\n2037 = no\n"
-                                   "[input-methods]\n{6F9619FF-8B86-D011-B42D-00CF4FC964FF} = yes")));
+                                   "[input-methods]\n{6F9619FF-8B86-D011-B42D-00CF4FC964FF} = yes\n"
+                                   "[telephony]\nmodem = /ril_0 # the first")));
     EXPECT_TRUE(product.hasFeature(secondLine));
     EXPECT_FALSE(product.hasFeature(160));
     EXPECT_EQ(product.flexBit(hearingAidBit), true);
@@ -106,22 +107,27 @@ TEST_F(HandsetTest, ReadsTheProductsFile)
     EXPECT_FALSE(product.hasDatabaseFeature(operatorNames));
     EXPECT_TRUE(product.hasInputMethod(method));
     EXPECT_FALSE(product.hasInputMethod(QUuid()));
+    EXPECT_EQ(product.modem, "/ril_0");
 }
 
 TEST_F(HandsetTest, ReportsWhatTheProductsFileCannotMean)
 {
     Handset::Product product;
     testing::internal::CaptureStderr();
-    EXPECT_TRUE(product.read(write("product.conf",
-                                   "2007 = yes\n[features]\n2007\n70000 = yes\n2007 = maybe\n160x = no\n"
-                                   "[colours]\n1 = yes\n[input-methods]\nkeys = yes\n")));
+    EXPECT_TRUE(
+        product.read(write("product.conf",
+                           "2007 = yes\n[features]\n2007\n70000 = yes\n2007 = maybe\n160x = no\n"
+                           "[colours]\n1 = yes\n[input-methods]\nkeys = yes\n"
+                           "modem = /ril_1\n[telephony]\nmodem = ril_1\nmodem =\nmodem = /ril_1/\n")));
     EXPECT_FALSE(product.read(path("missing.conf")));
     const std::string told = testing::internal::GetCapturedStderr();
     for (const char *const line :
-         {"line 1:", "line 3:", "line 4:", "line 5:", "line 6:", "line 8:", "line 10:", "missing.conf"})
+         {"line 1:", "line 3:", "line 4:", "line 5:", "line 6:", "line 8:", "line 10:", "line 11:",
+          "line 13:", "line 14:", "line 15:", "missing.conf"})
         EXPECT_NE(told.find(line), std::string::npos) << line << '\n' << told;
     EXPECT_FALSE(product.hasFeature(secondLine));
     EXPECT_TRUE(product.hasFeature(160));
+    EXPECT_EQ(product.modem, "");
 }
 
 TEST_F(HandsetTest, ReadsNoProductsFileButARegularOne)

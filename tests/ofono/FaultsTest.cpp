@@ -1,6 +1,8 @@
 // What a program sees when the daemon, the bus, the modem or the card fails it.
 #include "Desk.h"
 
+#include "TAPI_NETWORK.h"
+
 #include <csignal>
 #include <future>
 #include <thread>
@@ -139,6 +141,26 @@ TEST_F(FaultsOnOfono, TellsOfAModemThatIsOffAndACardThatIsGone)
     EXPECT_EQ(setup().curLineLockStatus(status), TAPI_RESULT_SIM_UNAVAILABLE);
     tell(".card in");
     EXPECT_TRUE(reads(TAPI_RESULT_SUCC));
+}
+
+/** A program that has not looked for its modem yet. What it is answered as failed does not happen later. */
+TEST_F(FaultsOnOfono, BeginsNoSearchWhileTheDaemonStandsStill)
+{
+    EXPECT_TRUE(reads(TAPI_RESULT_SUCC));
+    const Desk::Traffic traffic;
+    Desk::end("daemon", SIGSTOP);
+    const pid_t child = fork();
+    if (child == 0) {
+        _TAPI_RESULT_E result = TAPI_RESULT_SUCC;
+        const double seconds = Desk::secondsOf([&result] { result = TAPI_NETWORK_FindNewNetworks(); });
+        _exit(result == TAPI_RESULT_TIMED_OUT && seconds < 25 ? 0 : 1); // 30 would be the network's deadline
+    }
+    int status = -1;
+    EXPECT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+    Desk::end("daemon", SIGCONT);
+    EXPECT_TRUE(reads(TAPI_RESULT_SUCC)); // asked after it
+    EXPECT_FALSE(traffic.has("+COPS=?"));
 }
 
 /** A second program holds the interface; its request ends within the time that this one has. */

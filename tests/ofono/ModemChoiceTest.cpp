@@ -4,9 +4,14 @@
 
 #include "TAPI_ACCE.h"
 
+#include <QTemporaryDir>
+
 #include <algorithm>
+#include <array>
 #include <atomic>
 #include <csignal>
+#include <fstream>
+#include <functional>
 #include <mutex>
 #include <vector>
 
@@ -60,6 +65,9 @@ std::string isPowered(const std::string &modem, bool on)
 }
 
 using TwoModemsOnOfono = OfonoTest;
+
+/** In a program of its own, whose product file names the modem of KVQ_TEST_CARD. */
+using NamedModemOnOfono = testing::Test;
 
 struct FakeModem {
     std::string path;
@@ -180,6 +188,27 @@ TEST_F(TwoModemsOnOfono, KeepsToItsCardWhateverHappensToTheModem)
     EXPECT_EQ(subscriber(), noCard);
     EXPECT_EQ(elsewhere(""), noCard);
     EXPECT_EQ(elsewhere(otherModem.c_str()), theirs);
+
+    const QTemporaryDir folder;
+    const std::string product = folder.filePath(QStringLiteral("product.conf")).toStdString();
+    std::ofstream(product) << "[telephony]\nmodem = " << otherModem << '\n';
+    const pid_t child = fork();
+    if (child == 0) {
+        setenv("KVQ_PRODUCT", product.c_str(), 1);
+        setenv("KVQ_TEST_CARD", theirs.c_str(), 1);
+        setenv("KVQ_TEST_EMPTY_MODEM", modem.c_str(), 1);
+        execl("/proc/self/exe", "ofono_tests", "--gtest_filter=NamedModemOnOfono.*", nullptr);
+        _exit(127);
+    }
+    int status = -1;
+    EXPECT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+}
+
+TEST_F(NamedModemOnOfono, IsUsedUnlessTheEnvironmentNamesAnother)
+{
+    EXPECT_EQ(subscriber(), std::getenv("KVQ_TEST_CARD"));
+    EXPECT_EQ(elsewhere(std::getenv("KVQ_TEST_EMPTY_MODEM")), noCard);
 }
 
 TEST_F(ModemChoiceOnOfono, FollowsTheCard)

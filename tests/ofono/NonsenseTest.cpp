@@ -448,6 +448,38 @@ TEST_F(PlentyOnOfono, NamesThePolicyThatKeepsItOutOnce)
         "not you\n");
 }
 
+/** What is begun and left is followed only so often. What is waited for, an emergency call above all, never depends on that. */
+TEST_F(PlentyOnOfono, DialsHoweverManyRequestsAreUnderWay)
+{
+    const auto answered = withOneModem([](std::string_view method, sd_bus_message *answer) {
+        if (method == "GetCalls")
+            sd_bus_message_append(answer, "a(oa{sv})", 0);
+        else if (method == "Dial")
+            sd_bus_message_append(answer, "o", "/phone/voicecall01");
+        else
+            sd_bus_message_append(answer, "a{sv}", 1, "State", "s", "idle");
+    });
+    const FakeDaemon daemon([&answered](sd_bus_message *call) {
+        return std::string_view(sd_bus_message_get_member(call)) == "Initiate" ? nullptr : answered(call);
+    });
+    const auto ask = [] {
+        _TAPI_USSD_REQ_APP_MSG_S request = {0x0F, 5, {}};
+        std::memcpy(request.text, "*199#", 5);
+        return PHONE_ENG_TAPI_USSD_Make_Req(&request);
+    };
+    int begun = 0;
+    while (begun < 100 && ask() == TAPI_RESULT_SUCC)
+        ++begun;
+    EXPECT_EQ(begun, 16);
+    EXPECT_EQ(ask(), TAPI_RESULT_BUSY);
+    std::string number = "112";
+    unsigned char callId = 0;
+    EXPECT_EQ(
+        PHONE_ENG_TAPI_CALL_VOICECALL_MakeReq(0, reinterpret_cast<unsigned char *>(number.data()), &callId),
+        TAPI_RESULT_SUCC);
+    EXPECT_EQ(callId, 1);
+}
+
 /** Ten thousand of everything: what has room is filled, and nothing behind it. */
 TEST_F(PlentyOnOfono, FillsOnlyWhatHasRoom)
 {

@@ -1,14 +1,8 @@
 // What may take for ever: tones that sound, service requests, searches.
 #include "Desk.h"
-#include "FakeDaemon.h"
 
-#include <atomic>
-#include <csignal>
+#include <algorithm>
 #include <future>
-
-#include <sys/wait.h>
-#include <systemd/sd-bus.h>
-#include <unistd.h>
 
 using Desk::tell;
 using Desk::text;
@@ -45,11 +39,10 @@ protected:
     /** How many tones the other side has heard. */
     static int heard()
     {
-        const std::string command =
-            KVQ_DESK_SCRIPT " tell .state | sed -n 's/^tones heard: \\([0-9]*\\).*/\\1/p'";
-        const std::unique_ptr<std::FILE, int (*)(std::FILE *)> output(popen(command.c_str(), "r"), pclose);
-        int tones = 0;
-        return std::fscanf(output.get(), "%d", &tones) == 1 ? tones : 0;
+        const std::string state = Desk::told(".state");
+        const std::string label = "tones heard: ";
+        const auto begin = state.find(label);
+        return begin == std::string::npos ? 0 : std::atoi(state.c_str() + begin + label.size());
     }
 };
 
