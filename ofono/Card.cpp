@@ -75,7 +75,7 @@ _TAPI_RESULT_E read(Properties &card)
         return result;
     if (card.flag("Present").value_or(false))
         return TAPI_RESULT_SUCC;
-    Daemon::instance().forgetModem(); // another one may have a card
+    Daemon::instance().lookAgain(); // it may have been put into another modem
     return TAPI_RESULT_SIM_UNAVAILABLE;
 }
 

@@ -127,7 +127,7 @@ std::string Daemon::modem()
     return path;
 }
 
-void Daemon::forgetModem()
+void Daemon::lookAgain()
 {
     m_choice.forget();
 }
@@ -165,7 +165,7 @@ void Daemon::lose()
 {
     m_bus.close();
     m_state = Link::Lost;
-    forgetModem();
+    lookAgain();
     park();
 }
 
@@ -299,7 +299,7 @@ Daemon::Outcome Daemon::failure(int error, const char *name, const char *message
         outcome.nothingThere = false;
     }
     if (outcome.result == TAPI_RESULT_SERVICE_DOWN)
-        forgetModem();
+        lookAgain();
     if (outcome.result == TAPI_RESULT_ACCESS_DENIED && !m_refusalReported) {
         m_refusalReported = true;
         std::fprintf(stderr, "telephony: the bus policy for %s (%s) keeps this program out: %s\n", service,
@@ -322,7 +322,7 @@ _TAPI_RESULT_E Daemon::chooseModem(std::string &path, Time end)
 /** The daemon only says that nothing is there. What a screen should say depends on why. */
 _TAPI_RESULT_E Daemon::whyNothingIsThere(const std::string &modem, const Request &request, Time end)
 {
-    forgetModem();
+    lookAgain();
     // What can be known is at hand, however little time the request has left.
     end = std::max(end, steady_clock::now() + lengthOf(Deadline::AtHand) / 4);
     Answer answer;

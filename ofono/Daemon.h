@@ -51,8 +51,8 @@ public:
 
     /** The modem's path, for the paths of its objects as arguments. */
     std::string modem();
-    /** Lets the next request look at its modem again, as when its card is gone. */
-    void forgetModem();
+    /** The next request looks where the chosen card is before it asks. The choice itself stays. */
+    void lookAgain();
 
 private:
     using Time = std::chrono::steady_clock::time_point;
