@@ -23,7 +23,7 @@ struct ValueName {
     int place = 0;                     ///< among the settings of the item, or a Place
     int variant = 0;                   ///< tells apart what the same setting means at different times
 
-    auto operator<=>(const ValueName &) const = default;
+    auto operator<=>(const ValueName &) const = default; // NOLINT(modernize-use-nullptr): there is none
 };
 
 /** The values of the process, and what one item tells the others. Used from the main thread. */

@@ -53,7 +53,7 @@ constexpr std::array<Words, 20> words = {{
      QT_TRANSLATE_NOOP("CallSetup", "This program may not use the telephony service."),
      QT_TRANSLATE_NOOP("CallSetup", "Ask who manages the phone.")},
     {TAPI_RESULT_PIN2_NEEDED,
-     QT_TRANSLATE_NOOP("CallSetup", "The SIM wants the PIN2 before each such change."),
+     QT_TRANSLATE_NOOP("CallSetup", "The SIM asks for the PIN2 before such a change."),
      QT_TRANSLATE_NOOP("CallSetup", "Enter it, and the change is made.")},
     {NotStored,
      QT_TRANSLATE_NOOP("CallSetup", "The setting could not be saved, and the one from before still holds."),

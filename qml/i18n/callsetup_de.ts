@@ -124,7 +124,7 @@
         <translation>Fragen Sie, wer das Telefon verwaltet.</translation>
     </message>
     <message>
-        <source>The SIM wants the PIN2 before each such change.</source>
+        <source>The SIM asks for the PIN2 before such a change.</source>
         <translation>Die SIM-Karte verlangt vor jeder solchen Änderung die PIN2.</translation>
     </message>
     <message>

@@ -141,7 +141,21 @@ TestCase {
         compare(column(speedDial, "number")[1], "456")
         tryCompare(request, "result", CallSetup.DiskFull)
         compare(column(speedDial, "number")[1], "123@office")
-        tryCompare(speedDial.setNumber(10, "1"), "result", CallSetup.InvalidParameter)
+        for (const slot of [0, 10]) {
+            tryCompare(speedDial.setNumber(slot, "1"), "result", CallSetup.InvalidParameter)
+            tryCompare(speedDial.setLocation(slot, SpeedDial.OnSim), "result", CallSetup.InvalidParameter)
+        }
+
+        speedDial.setNumbers(["1", "2@home"])
+        speedDial.setLocation(9, SpeedDial.OnSim)
+        for (const look of ["at once", "when it is taken", "when it is read again"]) {
+            compare(column(speedDial, "number"), ["1", "2@home", "", "", "", "", "", "", ""], look)
+            compare(column(speedDial, "dialled").slice(0, 3), ["1", "2", ""], look)
+            compare(column(speedDial, "location")[8], SpeedDial.OnSim, look)
+            tryCompare(speedDial, "busy", false)
+            if (look === "when it is taken")
+                load(speedDial)
+        }
     }
 
     function test_ownNumbers() {

@@ -94,6 +94,17 @@ TestCase {
         compare(desk.calls(data.call).length, 1)
     }
 
+    function test_aLostLinkIsOpenedAgain() {
+        desk.answer("TAPI_CS_GetVoiceWaitingStatus", CallSetup.LinkLost, 1)
+        waiting.refresh()
+        tryCompare(waiting, "result", CallSetup.LinkLost)
+        compare([CallSetup.connected, CallSetup.connectionResult], [false, CallSetup.LinkLost])
+        compare(CallSetup.connectionError, CallSetup.resultText(CallSetup.LinkLost))
+        CallSetup.connectTelephony()
+        tryCompare(CallSetup, "connected", true)
+        compare([CallSetup.connectionResult, CallSetup.connectionError], [CallSetup.Success, ""])
+    }
+
     function test_noNumber() {
         compare(done(calls.dial("")), CallSetup.NoNumber)
         compare(calls.error, CallSetup.resultText(CallSetup.NoNumber))

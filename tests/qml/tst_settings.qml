@@ -22,6 +22,7 @@ TestCase {
     SignalSpy { id: confirmed; target: preferences.roamingAlert; signalName: "confirmed" }
     SignalSpy { id: takenBack; target: preferences.roamingAlert; signalName: "takenBack" }
     SignalSpy { id: full; target: preferences; signalName: "flashFull" }
+    SignalSpy { id: fullAnywhere; target: CallSetup; signalName: "flashFull" }
 
     function init() {
         desk.reset()
@@ -30,7 +31,7 @@ TestCase {
             tryCompare(item, "busy", false)
         }
         desk.forgetCalls()
-        for (const spy of [shown, confirmed, takenBack, full])
+        for (const spy of [shown, confirmed, takenBack, full, fullAnywhere])
             spy.clear()
     }
 
@@ -130,7 +131,9 @@ TestCase {
         verify(data.words.test(data.setting.error), data.setting.error)
         compare(data.setting.advice, CallSetup.resultAdvice(data.result))
         compare(data.setting.available, true)
-        tryCompare(full, "count", data.error === 28 ? 1 : 0)
+        for (const spy of [full, fullAnywhere])
+            tryCompare(spy, "count", data.error === 28 ? 1 : 0)
+        compare([CallSetup.connected, CallSetup.connectionResult], [true, CallSetup.Success])
 
         data.setting.retry() // what was taken back
         tryCompare(data.setting, "state", CallSetup.Ready)
