@@ -12,6 +12,7 @@ EntryRow {
     description: overruled ? qsTr("Has no effect while “Always” is on")
         : rule.active && rule.noReplyTime > 0 ? qsTr("After %1 seconds").arg(rule.noReplyTime) : ""
     known: rule.known
+    stale: rule.stale
     busy: rule.busy
     failure: Words.of(rule)
     onRetry: rule.retry()

@@ -85,23 +85,28 @@ Window {
         id: finder
 
         Features {
+            property bool wasReady: false
+
             onReadyChanged: {
-                // The product turned out to lack what is shown.
-                if (window.page !== "" && directory.find(window.page) === null)
+                // The product turned out to lack what is shown. A page that learns it itself says so and stays.
+                if (ready && !wasReady && window.page !== "" && directory.find(window.page) === null)
                     window.page = "";
+                wasReady = ready;
             }
         }
     }
 
     Calls {
         id: callTable
+
+        visible: window.visible && window.visibility !== Window.Minimized
     }
 
     CallSummary {
         id: callSummary
 
         model: callTable
-        watched: window.visible && window.visibility !== Window.Minimized
+        watched: callTable.visible
     }
 
     CallScreen {

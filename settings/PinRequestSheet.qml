@@ -58,7 +58,7 @@ PinSheet {
             } else if (request.result === CallSetup.PinBlocked && sheet.question.remedy !== null) {
                 sheet.demand(sheet.question.remedy);
             } else {
-                sheet.refuse(Words.pinSentence(sheet.question.which, sheet.question.puk, request.result, request.error));
+                sheet.refuse(Words.pinSentence(sheet.question.which, sheet.question.puk, request.result));
             }
         }
     }

@@ -28,7 +28,7 @@ ActionRow {
         // What an earlier one came to may hold no longer.
         if (asking || request === null || request !== Tries.counted || Words.of(request) === "")
             return "";
-        return Words.pinSentence(which, puk, request.result, request.error);
+        return Words.pinSentence(which, puk, request.result);
     }
     failureAction: request !== null && request.result === CallSetup.PinBlocked ? "" : qsTr("Try again")
     onRetry: pressed()

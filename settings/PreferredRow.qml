@@ -38,6 +38,7 @@ Item {
 
             label: row.name !== "" ? row.name : row.networkId
             description: row.name !== "" ? row.networkId : ""
+            ink: row.owner !== null && row.owner.networks.stale ? Theme.quiet : Theme.text
             lined: row.index > 0 && row.owner !== null && row.owner.dragged < 0
 
             IconButton {

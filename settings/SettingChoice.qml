@@ -8,6 +8,7 @@ ChoiceRow {
     visible: setting.available
     current: setting.value
     known: setting.known
+    stale: setting.stale
     busy: setting.busy
     failure: Words.of(setting)
     onPicked: value => setting.value = value

@@ -10,6 +10,7 @@ SwitchRow {
     visible: setting.available
     checked: setting.value === on
     known: setting.known
+    stale: setting.stale
     busy: setting.busy
     failure: Words.of(setting)
     onToggled: wanted => setting.value = wanted ? on : off

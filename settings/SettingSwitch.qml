@@ -8,6 +8,7 @@ SwitchRow {
     visible: setting.available
     checked: setting.value
     known: setting.known
+    stale: setting.stale
     busy: setting.busy
     failure: Words.of(setting)
     onToggled: on => setting.value = on

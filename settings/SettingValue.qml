@@ -12,6 +12,7 @@ SettingRow {
     visible: setting.available
     value: setting.known ? (words(setting.value) || qsTr("none")) : ""
     known: setting.known
+    stale: setting.stale
     busy: setting.busy
     failure: Words.of(setting)
     onRetry: setting.retry()

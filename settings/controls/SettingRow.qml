@@ -18,6 +18,10 @@ FocusScope {
     property bool large: false
     /** Whether the value has been read. */
     property bool known: true
+    /** Whether it was read before the page was there, and not again yet. */
+    property bool stale: false
+    /** Whether the value is shown as one that may be so no longer. A list's rows are read with the list, not alone. */
+    property bool dim: stale
     property bool busy: false
     /** Why the last request failed, empty when it did not. */
     property string failure
@@ -34,7 +38,7 @@ FocusScope {
     /** How the value is read aloud, and all that is. */
     property string spokenValue: value
     readonly property string spoken: {
-        let words = known ? spokenValue : qsTr("unknown");
+        let words = !known ? qsTr("unknown") : dim && spokenValue !== "" ? qsTr("last known: %1").arg(spokenValue) : spokenValue;
         for (const part of [description, failure]) {
             if (part !== "")
                 words += words !== "" ? ". " + part : part;
@@ -57,7 +61,7 @@ FocusScope {
 
     function noteReading(): void {
         const before = unread;
-        unread = visible && !known && (failure !== "" || before && busy);
+        unread = visible && (!known || stale) && (failure !== "" || before && busy);
         if (host !== null && (unread || before))
             host.noteUnread(row, unread);
     }
@@ -69,6 +73,7 @@ FocusScope {
 
     onFailureChanged: noteReading()
     onKnownChanged: noteReading()
+    onStaleChanged: noteReading()
     onBusyChanged: noteReading()
     onVisibleChanged: noteReading()
     Component.onCompleted: {
@@ -178,6 +183,7 @@ FocusScope {
                     PlainText {
                         width: parent.width
                         visible: line.stacked && row.known
+                        opacity: ending.opacity
                         words: row.value
                         font.pixelSize: Theme.body
                         color: Theme.quiet
@@ -225,6 +231,7 @@ FocusScope {
                     id: ending
 
                     visible: row.value !== "" && row.known && !line.stacked
+                    opacity: row.dim ? Theme.dimmed : 1
                     words: row.value
                     font.pixelSize: Theme.body
                     color: Theme.quiet

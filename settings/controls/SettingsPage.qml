@@ -15,6 +15,8 @@ FocusScope {
     readonly property alias scrollArea: scroll
     /** Stands at the bottom edge and does not scroll. */
     property alias footer: bottom.data
+    /** What there is to say about the page as a whole, above its rows. */
+    property string notice
     /** Why nothing could be read, where the reason is the same for several rows: told once, above them. */
     property string commonFailure
     property var unreadRows: []
@@ -121,6 +123,14 @@ FocusScope {
         anchors.top: header.bottom
         x: column.x
         width: column.width
+
+        FailureLine {
+            objectName: "notice"
+            width: parent.width
+            inset: 0
+            reason: page.notice
+            action: ""
+        }
 
         FailureLine {
             objectName: "commonFailure"

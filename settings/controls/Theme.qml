@@ -38,6 +38,9 @@ QtObject {
 
     readonly property int movement: calm ? 0 : 160
 
+    /** How much is left of a value that may be so no longer. */
+    readonly property real dimmed: 0.55
+
     // Colours. Text on the ground it stands on has a contrast of at least 4.5 to 1.
     readonly property color window: dark ? "#0f1316" : "#f2f5f6"
     readonly property color surface: dark ? "#1a2024" : "#ffffff"

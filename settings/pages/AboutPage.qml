@@ -55,8 +55,7 @@ PhonePage {
             known: CallSetup.connected
             value: qsTr("Connected")
             busy: CallSetup.connectionResult === CallSetup.Success
-            failure: CallSetup.connectionResult > 0
-                ? Words.sentence(CallSetup.connectionResult, CallSetup.connectionError) : ""
+            failure: CallSetup.connectionResult > 0 ? Words.sentence(CallSetup.connectionResult) : ""
             onRetry: CallSetup.connectTelephony()
         }
     }

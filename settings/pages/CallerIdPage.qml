@@ -12,6 +12,8 @@ PhonePage {
         { value: CallerId.Invoke, text: qsTr("Hide it") }
     ]
 
+    notice: callerId.available || waiting.available ? "" : Words.sentence(CallSetup.NotSupported)
+
     CallerId {
         id: callerId
     }

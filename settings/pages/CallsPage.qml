@@ -43,7 +43,7 @@ PhonePage {
         inset: 0
         reason: page.calls !== null && page.calls.readResult !== CallSetup.Success
             ? qsTr("The calls cannot be read. %1")
-                  .arg(Words.sentence(page.calls.readResult, CallSetup.resultText(page.calls.readResult)))
+                  .arg(Words.sentence(page.calls.readResult))
             : ""
         onRetry: page.calls.refresh()
     }

@@ -35,6 +35,8 @@ PhonePage {
         return result === CallSetup.Pin2Needed ? qsTr("Enter PIN2") : qsTr("Try again");
     }
 
+    /** What was read before this page was there says nothing about the meter now. */
+    readonly property bool meterAnswered: costs.maximum.known && !costs.maximum.stale
     /** The meter did not answer. What tells no failure is then read again with what does. */
     property bool meterFailed: false
 
@@ -42,11 +44,11 @@ PhonePage {
         target: costs.maximum
 
         function onStateChanged() {
-            if (costs.maximum.known && page.meterFailed) {
+            if (page.meterAnswered && page.meterFailed) {
                 for (const setting of [costs.credit, costs.totalCost, costs.remainingTime, costs.totalTime])
                     setting.refresh();
             }
-            page.meterFailed = !costs.maximum.known && (page.meterFailed || costs.maximum.state === CallSetup.Failed);
+            page.meterFailed = !page.meterAnswered && (page.meterFailed || costs.maximum.state === CallSetup.Failed);
         }
 
         function onTakenBack() {
@@ -137,6 +139,7 @@ PhonePage {
             value: costs.limited ? costs.maximum.value : qsTr("No limit")
             description: qsTr("At the limit no more calls can be made")
             known: costs.maximum.known
+            stale: costs.maximum.stale
             busy: costs.maximum.busy
             failure: Words.of(costs.maximum)
             failureAction: page.nextStep(costs.maximum.result)
@@ -148,6 +151,7 @@ PhonePage {
             label: qsTr("Price of a unit")
             value: qsTr("%1 %2", "price and currency").arg(costs.price.unitPrice).arg(costs.price.currency).trim()
             known: costs.price.known
+            stale: costs.price.stale
             busy: costs.price.busy
             failure: Words.of(costs.price)
             failureAction: page.nextStep(costs.price.result)
@@ -199,9 +203,9 @@ PhonePage {
         }
     }
 
-    /** An amount is zero, too, when the meter does not answer; then its maximum is not known either. */
+    /** An amount is zero, too, when the meter does not answer; then its maximum cannot be read either. */
     function amount(amount: string): string {
-        return Number(amount) === 0 && !costs.maximum.known ? qsTr("Not known") : amount;
+        return Number(amount) === 0 && !page.meterAnswered ? qsTr("Not known") : amount;
     }
 
     /** "1:5:3" as "1:05:03". The phone gives no time that it does not know. */

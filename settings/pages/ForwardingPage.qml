@@ -9,6 +9,8 @@ PhonePage {
 
     readonly property bool allForwarded: forwarding.unconditional.known && forwarding.unconditional.active
 
+    notice: forwarding.available ? "" : Words.sentence(CallSetup.NotSupported)
+
     CallForwarding {
         id: forwarding
     }

@@ -99,7 +99,7 @@ PhonePage {
 
                 objectName: "found:" + networkId
                 pressable: page.choosing && status !== NetworkSelection.Registered && status !== NetworkSelection.Forbidden
-                ink: status === NetworkSelection.Forbidden ? Theme.quiet : Theme.text
+                ink: status === NetworkSelection.Forbidden || networks.stale ? Theme.quiet : Theme.text
                 label: name !== "" ? name : networkId
                 description: page.statusText(status, home)
                 busy: request !== null && request.busy

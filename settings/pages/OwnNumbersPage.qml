@@ -35,6 +35,7 @@ PhonePage {
                 objectName: "number" + line
                 label: name !== "" ? name : qsTr("Number %1").arg(line)
                 value: number !== "" ? number : qsTr("Empty")
+                dim: numbers.stale
                 busy: request !== null && request.busy
                 failure: Words.of(request)
                 onPressed: sheet.edit(row)
@@ -43,7 +44,6 @@ PhonePage {
         }
 
         EmptyRow {
-            visible: numbers.count === 0
             subject: numbers
             text: qsTr("No numbers")
             meaning: qsTr("The SIM has no room for own numbers.")
@@ -62,11 +62,11 @@ PhonePage {
                 required property bool active
 
                 value: active ? qsTr("In use") : ""
+                dim: accounts.stale
             }
         }
 
         EmptyRow {
-            visible: accounts.count === 0
             subject: accounts
             text: qsTr("No accounts")
             meaning: qsTr("The SIM has a single subscription.")

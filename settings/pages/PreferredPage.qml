@@ -32,7 +32,6 @@ PhonePage {
         }
 
         EmptyRow {
-            visible: networks.count === 0
             subject: networks
             text: qsTr("No preferred networks")
             meaning: qsTr("The phone takes the strongest network that it may use.")

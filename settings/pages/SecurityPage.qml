@@ -15,6 +15,11 @@ PhonePage {
         id: fixed
     }
 
+    /** Whether a value is this SIM's: one that was read earlier may be another's. */
+    function isSure(setting: Setting): bool {
+        return setting.known && !setting.stale;
+    }
+
     function statusText(status: int): string {
         switch (status) {
         case SimPins.Verified:
@@ -40,6 +45,7 @@ PhonePage {
             pressable: known && !checked
             checked: pins.pinRequested.value
             known: pins.pinRequested.known
+            stale: pins.pinRequested.stale
             busy: pins.pinRequested.busy || !sheetAsks && lockQuestion.request !== null && lockQuestion.request.busy
             failure: Words.of(pins.pinRequested) || (sheetAsks ? "" : Words.of(lockQuestion.request))
             onToggled: sheet.demand(lockQuestion)
@@ -55,7 +61,7 @@ PhonePage {
 
         PinActions {
             which: SimPins.Pin1
-            asked: pins.pinRequested.known && pins.pinRequested.value
+            asked: page.isSure(pins.pinRequested) && pins.pinRequested.value
             pins: pins
             sheet: sheet
             shortName: "pin"
@@ -77,7 +83,7 @@ PhonePage {
 
         PinActions {
             which: SimPins.Pin2
-            status: pins.pin2Status.known ? pins.pin2Status.value : SimPins.NotVerified
+            status: page.isSure(pins.pin2Status) ? pins.pin2Status.value : SimPins.NotVerified
             pins: pins
             sheet: sheet
             shortName: "pin2"
@@ -98,7 +104,7 @@ PhonePage {
 
         PinActions {
             which: SimPins.Upin
-            status: pins.upinStatus.known ? pins.upinStatus.value : SimPins.NotVerified
+            status: page.isSure(pins.upinStatus) ? pins.upinStatus.value : SimPins.NotVerified
             pins: pins
             sheet: sheet
             shortName: "upin"
@@ -117,6 +123,7 @@ PhonePage {
             description: qsTr("Other numbers cannot be called. Asks for the PIN2.")
             checked: fixed.enabled.value
             known: fixed.enabled.known
+            stale: fixed.enabled.stale
             busy: fixed.enabled.busy
             failure: Words.of(fixed.enabled) || (sheet.question !== fixedQuestion ? Words.of(fixedQuestion.request) : "")
             onToggled: on => {

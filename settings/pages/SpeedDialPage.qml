@@ -37,7 +37,7 @@ PhonePage {
                 value: number !== "" ? number : qsTr("Empty")
                 description: oneTouch ? qsTr("The one-touch number %1 goes first").arg(dialled)
                     : number !== "" ? page.locationText(location) : ""
-                known: slots.state !== CallSetup.Unknown
+                dim: slots.stale
                 busy: (request !== null && request.busy) || (locationRequest !== null && locationRequest.busy)
                 failure: Words.of(request) || Words.of(locationRequest)
                 onPressed: sheet.edit(row, number)
@@ -46,7 +46,6 @@ PhonePage {
         }
 
         EmptyRow {
-            visible: slots.count === 0
             subject: slots
         }
     }

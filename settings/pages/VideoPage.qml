@@ -47,6 +47,7 @@ PhonePage {
         ChoiceRow {
             label: qsTr("Picture")
             known: video.cameraOffImage.known
+            stale: video.cameraOffImage.stale
             busy: video.cameraOffImage.busy
             failure: Words.of(video.cameraOffImage)
             value: page.pictureName

@@ -1456,6 +1456,10 @@
         <source>unknown</source>
         <translation>unbekannt</translation>
     </message>
+    <message>
+        <source>last known: %1</source>
+        <translation>zuletzt bekannt: %1</translation>
+    </message>
 </context>
 <context>
     <name>SettingValue</name>
@@ -1595,92 +1599,8 @@
 <context>
     <name>Words</name>
     <message>
-        <source>The phone does not take this value. Check what you entered.</source>
-        <translation>Das Telefon nimmt diesen Wert nicht an. Prüfen Sie die Eingabe.</translation>
-    </message>
-    <message>
-        <source>The call could not be changed. See whether it is still there.</source>
-        <translation>Am Anruf ließ sich nichts ändern. Sehen Sie nach, ob er noch besteht.</translation>
-    </message>
-    <message>
-        <source>There is no number to call. Enter one first.</source>
-        <translation>Es fehlt eine Nummer. Geben Sie zuerst eine ein.</translation>
-    </message>
-    <message>
-        <source>No answer came in time. Look again in a moment: the change may still take effect.</source>
-        <translation>Es kam rechtzeitig keine Antwort. Sehen Sie gleich noch einmal nach: Die Änderung kann noch wirken.</translation>
-    </message>
-    <message>
-        <source>The phone is busy with another request. Try again in a moment.</source>
-        <translation>Das Telefon ist beschäftigt. Versuchen Sie es gleich noch einmal.</translation>
-    </message>
-    <message>
-        <source>The telephony service does not run. Restart the phone if this lasts.</source>
-        <translation>Der Telefondienst läuft nicht. Starten Sie das Telefon neu, wenn das so bleibt.</translation>
-    </message>
-    <message>
-        <source>The modem is off. Switch flight mode off first.</source>
-        <translation>Das Modem ist aus. Schalten Sie zuerst den Flugmodus aus.</translation>
-    </message>
-    <message>
-        <source>The link to the telephony service is gone. It is opened again when you try again.</source>
-        <translation>Die Verbindung zum Telefondienst ist weg. Ein neuer Versuch stellt sie wieder her.</translation>
-    </message>
-    <message>
-        <source>This program may not use the telephony service. Ask who manages the phone.</source>
-        <translation>Dieses Programm darf den Telefondienst nicht nutzen. Fragen Sie, wer das Telefon verwaltet.</translation>
-    </message>
-    <message>
-        <source>The disk is full, so nothing was changed. Delete something, then try again.</source>
-        <translation>Der Speicher ist voll, darum wurde nichts geändert. Löschen Sie etwas, und versuchen Sie es erneut.</translation>
-    </message>
-    <message>
-        <source>Settings cannot be changed just now. Try again when the call has ended.</source>
-        <translation>Gerade lässt sich nichts ändern. Versuchen Sie es nach dem Anruf erneut.</translation>
-    </message>
-    <message>
-        <source>It did not work (code %1).</source>
-        <translation>Es hat nicht geklappt (Code %1).</translation>
-    </message>
-    <message>
-        <source>The request was refused. Try again later, or ask your provider.</source>
-        <translation>Die Anfrage wurde abgelehnt. Versuchen Sie es später erneut oder fragen Sie Ihren Anbieter.</translation>
-    </message>
-    <message>
-        <source>This call has ended. Dial again to talk on.</source>
-        <translation>Dieser Anruf ist beendet. Wählen Sie neu, um weiterzusprechen.</translation>
-    </message>
-    <message>
-        <source>This phone or its network does not offer this. Ask your provider whether it can.</source>
-        <translation>Dieses Telefon oder sein Netz bietet das nicht an. Fragen Sie Ihren Anbieter, ob es möglich ist.</translation>
-    </message>
-    <message>
-        <source>The setting could not be stored, and the one from before still holds. Try again.</source>
-        <translation>Die Einstellung konnte nicht gespeichert werden, die vorige gilt weiter. Versuchen Sie es noch einmal.</translation>
-    </message>
-    <message>
-        <source>%1 Try again later.</source>
-        <translation>%1 Versuchen Sie es später noch einmal.</translation>
-    </message>
-    <message>
         <source>The SIM refused the PIN. At most two tries are left. Enter it with care.</source>
         <translation>Die SIM hat die PIN abgelehnt. Höchstens zwei Versuche bleiben. Geben Sie sie mit Bedacht ein.</translation>
-    </message>
-    <message>
-        <source>The SIM does not answer. Enter its PIN first, or check that it is inserted.</source>
-        <translation>Die SIM antwortet nicht. Geben Sie zuerst ihre PIN ein, oder prüfen Sie, ob sie eingelegt ist.</translation>
-    </message>
-    <message>
-        <source>The SIM refused the PIN. Enter it with care: three wrong PINs block the SIM.</source>
-        <translation>Die SIM hat die PIN abgelehnt. Geben Sie sie mit Bedacht ein: Drei falsche PINs sperren die SIM.</translation>
-    </message>
-    <message>
-        <source>The SIM has blocked this PIN. Unblock it with the PUK that came with the SIM.</source>
-        <translation>Die SIM hat diese PIN gesperrt. Entsperren Sie sie mit der PUK, die der SIM beilag.</translation>
-    </message>
-    <message>
-        <source>The SIM asks for the PIN2 before such a change. Enter it, and the change is made.</source>
-        <translation>Die SIM fragt vor einer solchen Änderung nach der PIN2. Nach der Eingabe wird geändert.</translation>
     </message>
     <message>
         <source>The SIM refused the PIN. At most one try is left, then it is blocked. Enter it with care.</source>
@@ -1697,6 +1617,11 @@
     <message>
         <source>The SIM can no longer be used: it takes no more PUK. Ask your provider for another SIM.</source>
         <translation>Die SIM ist unbrauchbar: Sie nimmt keine PUK mehr an. Fragen Sie Ihren Anbieter nach einer anderen SIM.</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <comment>what happened, what to do</comment>
+        <translation>%1 %2</translation>
     </message>
 </context>
 </TS>

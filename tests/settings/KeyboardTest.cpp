@@ -219,7 +219,7 @@ TEST_F(KeyboardTest, AWrongPinIsToldInWordsAndForgotten)
         return texts.join(QLatin1Char(' ')).contains(QLatin1String(words));
     };
     EXPECT_TRUE(waitFor([&] {
-        return says("The SIM refused the PIN. Enter it with care: three wrong PINs block");
+        return says("The SIM refused the PIN. Enter it once more, with care: three wrong");
     })) << "nobody knows how many were wrong before";
     // The field has gone, with all that undoing would bring back.
     EXPECT_TRUE(waitFor([&] { return field.isNull(); }));
