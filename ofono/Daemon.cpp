@@ -236,9 +236,10 @@ Daemon::Outcome Daemon::exchange(const std::string &path, const Request &request
     std::string modem = path.substr(0, path.size() - request.object.size());
     auto exchange =
         std::make_unique<Exchange>(modem == "/" ? std::string() : std::move(modem), request.interface);
-    int result = exchange->send(m_bus.get(), call.get());
+    const Time stayEnd = waits ? end : steady_clock::now() + refusalTime;
+    int result = exchange->send(m_bus.get(), call.get(), stayEnd);
     if (result >= 0)
-        result = exchange->wait(m_bus, waits ? end : steady_clock::now() + refusalTime);
+        result = exchange->wait(m_bus, stayEnd);
     if (result == -ETIMEDOUT) {
         if (request.afterwards)
             leave(std::move(exchange), request);

@@ -8,6 +8,8 @@
 
 namespace Ofono {
 
+using std::chrono::duration_cast;
+using std::chrono::microseconds;
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
@@ -22,7 +24,7 @@ std::string_view listed(std::string_view interface)
 }
 
 /** What is at hand is answered long before, so that only slow requests pay for the watch. */
-constexpr milliseconds patience(100);
+constexpr microseconds patience = milliseconds(100);
 
 } // namespace
 
@@ -37,30 +39,47 @@ Exchange::Exchange(std::string modem, std::string_view interface)
 {
 }
 
-int Exchange::send(sd_bus *bus, sd_bus_message *call)
+int Exchange::send(sd_bus *bus, sd_bus_message *call, Time end)
 {
-    const auto keepAnswer = [](sd_bus_message *answer, void *exchange, sd_bus_error *) {
-        static_cast<Exchange *>(exchange)->m_answer.reset(sd_bus_message_ref(answer));
-        return 0;
-    };
+    const auto left = std::min(duration_cast<microseconds>(end - steady_clock::now()), patience);
+    const auto limit = static_cast<std::uint64_t>(std::max(left, microseconds(1)).count());
+    sd_bus_error error = {nullptr, nullptr, 0};
+    sd_bus_message *message = nullptr;
+    int result = sd_bus_call(bus, call, limit, &error, &message);
+    if (result == -ETIMEDOUT && sd_bus_error_has_name(&error, SD_BUS_ERROR_TIMEOUT) > 0) {
+        result = sd_bus_message_get_cookie(call, &m_cookie);
+        listen(bus);
+    } else if (result < 0 && sd_bus_is_open(bus) > 0) {
+        result = sd_bus_message_new_method_error(call, &message, &error);
+    }
+    m_answer.reset(message);
+    sd_bus_error_free(&error);
+    return std::min(result, 0);
+}
+
+/** The bus's library has given the call up, so that a later answer belongs to no call there. It is known by its number. */
+void Exchange::listen(sd_bus *bus)
+{
     sd_bus_slot *slot = nullptr;
-    const int result = sd_bus_call_async(bus, &slot, call, keepAnswer, this, UINT64_MAX);
-    if (result >= 0)
+    const auto keepAnswer = [](sd_bus_message *message, void *place, sd_bus_error *) {
+        auto *const exchange = static_cast<Exchange *>(place);
+        std::uint64_t cookie = 0;
+        if (sd_bus_message_get_reply_cookie(message, &cookie) < 0 || cookie != exchange->m_cookie)
+            return 0;
+        exchange->m_answer.reset(sd_bus_message_ref(message));
+        return 1;
+    };
+    if (sd_bus_add_filter(bus, &slot, keepAnswer, this) >= 0)
         m_slots.emplace_back(slot);
-    return result;
 }
 
 int Exchange::wait(Handset::BusConnection &bus, Time end)
 {
-    const auto isOver = [this] { return this->isOver(); };
-    const bool isWatching = m_slots.size() > 1;
-    if (isWatching || m_modem.empty())
-        return bus.serveUntil(isOver, end);
-    const int result = bus.serveUntil(isOver, std::min(end, steady_clock::now() + patience));
-    if (result != -ETIMEDOUT || steady_clock::now() >= end)
-        return result;
-    watchModem(bus.get());
-    return bus.serveUntil(isOver, end);
+    if (isOver())
+        return 0;
+    if (m_slots.size() == 1 && !m_modem.empty())
+        watchModem(bus.get());
+    return bus.serveUntil([this] { return isOver(); }, end);
 }
 
 /** From the rules on everything is heard; what has happened before is asked for. */

@@ -5,6 +5,7 @@
 #include "Properties.h"
 
 #include <chrono>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -31,8 +32,8 @@ public:
     Exchange(const Exchange &) = delete;
     Exchange &operator=(const Exchange &) = delete;
 
-    /** The result of sd-bus. */
-    int send(sd_bus *bus, sd_bus_message *call);
+    /** Sends it, and waits as long as what is at hand takes, at most until @p end. 0, or a negative errno. */
+    int send(sd_bus *bus, sd_bus_message *call, Time end);
     /** Waits until it is over. 0, or a negative errno: -ETIMEDOUT when it is not over by @p end. */
     int wait(Handset::BusConnection &bus, Time end);
 
@@ -50,6 +51,7 @@ private:
     };
     using Slot = std::unique_ptr<sd_bus_slot, FreeSlot>;
 
+    void listen(sd_bus *bus);
     void watchModem(sd_bus *bus);
     void match(sd_bus *bus, const std::string &rule, sd_bus_message_handler_t handler);
     void hearChange(sd_bus_message *signal);
@@ -57,6 +59,7 @@ private:
 
     const std::string m_modem;
     const std::string_view m_interface;
+    std::uint64_t m_cookie = 0; ///< by which the answer is known
     bool m_isLost = false;
     Message m_answer;
     std::vector<Slot> m_slots; ///< what is still to come; the first is the answer

@@ -144,7 +144,7 @@ std::string LeftRequest::ask(const Request &request, Answer &answer)
     const Message call = messageOf(request, m_bus.get(), path);
     Exchange exchange(m_exchange->modem(), request.interface);
     const Time end = std::chrono::steady_clock::now() + lengthOf(request.deadline);
-    if (!call || exchange.send(m_bus.get(), call.get()) < 0 || exchange.wait(m_bus, end) < 0
+    if (!call || exchange.send(m_bus.get(), call.get(), end) < 0 || exchange.wait(m_bus, end) < 0
         || !exchange.answer())
         return SD_BUS_ERROR_DISCONNECTED;
     const sd_bus_error *const error = sd_bus_message_get_error(exchange.answer().get());
