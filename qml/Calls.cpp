@@ -2,6 +2,7 @@
 #include "Calls.h"
 
 #include "Secret.h"
+#include "ServiceCode.h"
 
 #include <QGuiApplication>
 
@@ -53,6 +54,41 @@ Answer readCalls(Engine &)
 unsigned char callIdOf(int callId)
 {
     return callId > 0 && callId < 255 ? static_cast<unsigned char>(callId) : 0;
+}
+
+Answer dialNumber(QStringView number)
+{
+    unsigned char callId = 0;
+    const _TAPI_RESULT_E result =
+        Secret(QString::fromRawData(number.data(), number.size())).withLatin1([&callId](unsigned char *text) {
+            return PHONE_ENG_TAPI_CALL_VOICECALL_MakeReq(0, text, &callId);
+        });
+    return Operations::answerOf(result, callId);
+}
+
+/** A code for the caller id before a number holds for that call (3GPP TS 22.030). A number to be hidden is never shown. */
+Answer dialTyped(Engine &engine, const QString &typed)
+{
+    using Procedure = ServiceCode::Procedure;
+
+    if (typed.isEmpty())
+        return Operations::answerOf(TAPI_RESULT_CALL_NO_NUMBER);
+    const std::optional<ServiceCode> code = ServiceCode::parse(typed);
+    const bool hides = code && code->procedure == Procedure::Deactivate;
+    if (!code || (!hides && code->procedure != Procedure::Activate) || code->service != u"31"
+        || !code->information.front().isEmpty() || code->rest.isEmpty())
+        return dialNumber(typed);
+
+    unsigned char before = TAPI_CALL_RESTRICT_ID_NETWORK;
+    _TAPI_RESULT_E result = engine.setup.getNextCLIR(before);
+    if (result == TAPI_RESULT_SUCC)
+        result =
+            engine.setup.setNextCLIR(hides ? TAPI_CALL_RESTRICT_ID_INVOKE : TAPI_CALL_RESTRICT_ID_SUPPRESS);
+    if (result != TAPI_RESULT_SUCC)
+        return Operations::answerOf(result);
+    const Answer answer = dialNumber(code->rest);
+    engine.setup.setNextCLIR(before);
+    return answer;
 }
 
 /** A request with one call id and nothing else. */
@@ -222,13 +258,8 @@ Request *Calls::callRequest(Job job)
 
 Request *Calls::dial(const QString &number)
 {
-    return callRequest([dialled = Secret(number), isEmpty = number.isEmpty()](Engine &) {
-        unsigned char callId = 0;
-        const _TAPI_RESULT_E result = dialled.withLatin1([&callId](unsigned char *text) {
-            return PHONE_ENG_TAPI_CALL_VOICECALL_MakeReq(0, text, &callId);
-        });
-        return isEmpty ? Operations::answerOf(TAPI_RESULT_CALL_NO_NUMBER)
-                       : Operations::answerOf(result, callId);
+    return callRequest([dialled = Secret(number)](Engine &engine) {
+        return dialled.with([&engine](const QString &typed) { return dialTyped(engine, typed); });
     });
 }
 

@@ -20,33 +20,6 @@ _TAPI_RESULT_E verifyPin(PHONE_ENG_Setup &setup, SimPins::Pin which, const QStri
     return TAPI_RESULT_INVALID_PARAM;
 }
 
-_TAPI_RESULT_E changePin(PHONE_ENG_Setup &setup, SimPins::Pin which, const QString &oldPin,
-                         const QString &newPin)
-{
-    switch (which) {
-    case SimPins::Pin1:
-        return setup.changeSimPin(oldPin, newPin);
-    case SimPins::Pin2:
-        return setup.changeSimPin2(oldPin, newPin);
-    case SimPins::Upin:
-        return setup.setupChangeUpin(oldPin, newPin);
-    }
-    return TAPI_RESULT_INVALID_PARAM;
-}
-
-_TAPI_RESULT_E unblockPin(SimPins::Pin which, const QString &puk, const QString &newPin)
-{
-    switch (which) {
-    case SimPins::Pin1: // of the two operations for PIN1, the one that does not log
-        return PHONE_ENG_Setup::setupUnblockSimPin1(puk, newPin);
-    case SimPins::Pin2:
-        return PHONE_ENG_Setup::unblockingPin2(puk, newPin);
-    case SimPins::Upin:
-        return PHONE_ENG_Setup::setupUnblockUpin(puk, newPin);
-    }
-    return TAPI_RESULT_INVALID_PARAM;
-}
-
 /** A failure reads as "not requested". So that is believed only while the SIM tells of its PIN2. */
 Answer isPinRequested(Engine &engine)
 {
@@ -60,6 +33,33 @@ Answer isPinRequested(Engine &engine)
 }
 
 } // namespace
+
+_TAPI_RESULT_E SimPins::changeNow(PHONE_ENG_Setup &setup, Pin which, const QString &oldPin,
+                                  const QString &newPin)
+{
+    switch (which) {
+    case Pin1:
+        return setup.changeSimPin(oldPin, newPin);
+    case Pin2:
+        return setup.changeSimPin2(oldPin, newPin);
+    case Upin:
+        return setup.setupChangeUpin(oldPin, newPin);
+    }
+    return TAPI_RESULT_INVALID_PARAM;
+}
+
+_TAPI_RESULT_E SimPins::unblockNow(Pin which, const QString &puk, const QString &newPin)
+{
+    switch (which) {
+    case Pin1: // of the two operations for PIN1, the one that does not log
+        return PHONE_ENG_Setup::setupUnblockSimPin1(puk, newPin);
+    case Pin2:
+        return PHONE_ENG_Setup::unblockingPin2(puk, newPin);
+    case Upin:
+        return PHONE_ENG_Setup::setupUnblockUpin(puk, newPin);
+    }
+    return TAPI_RESULT_INVALID_PARAM;
+}
 
 SimPins::SimPins(QObject *parent)
     : Subject(parent)
@@ -85,7 +85,7 @@ Request *SimPins::change(Pin which, const QString &oldPin, const QString &newPin
     return pinRequest([which, oldSecret = Secret(oldPin), newSecret = Secret(newPin)](Engine &engine) {
         return oldSecret.with([&](const QString &oldText) {
             return newSecret.with([&](const QString &newText) {
-                return Operations::answerOf(changePin(engine.setup, which, oldText, newText));
+                return Operations::answerOf(changeNow(engine.setup, which, oldText, newText));
             });
         });
     });
@@ -96,7 +96,7 @@ Request *SimPins::unblock(Pin which, const QString &puk, const QString &newPin)
     return pinRequest([which, pukSecret = Secret(puk), newSecret = Secret(newPin)](Engine &) {
         return pukSecret.with([&](const QString &pukText) {
             return newSecret.with([&](const QString &newText) {
-                return Operations::answerOf(unblockPin(which, pukText, newText));
+                return Operations::answerOf(unblockNow(which, pukText, newText));
             });
         });
     });

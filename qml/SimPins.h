@@ -32,6 +32,11 @@ public:
     /** Switches the request for PIN1 at power-on on. */
     Q_INVOKABLE Kvq::Request *enable(const QString &pin);
 
+    /** On the engine's thread. */
+    static _TAPI_RESULT_E changeNow(PHONE_ENG_Setup &setup, Pin which, const QString &oldPin,
+                                    const QString &newPin);
+    static _TAPI_RESULT_E unblockNow(Pin which, const QString &puk, const QString &newPin);
+
 private:
     Request *pinRequest(Job job);
 

@@ -13,20 +13,31 @@ PhonePage {
     readonly property bool dialling: !running || callScreen.adding
     readonly property bool sideways: width > height && height < 420
     property Request request: null
+    /** The request is a service code, and no call. */
+    property bool codeRan: false
     property string dialled
+    readonly property bool outcome: codeRan && request !== null && !request.busy
 
     function dial(): void {
         if (callScreen === null || field.text === "" || !dialling || request !== null && request.busy)
             return;
         dialled = field.text;
-        request = callScreen.dial(dialled);
+        codeRan = codes.isCode(dialled);
+        request = codeRan ? codes.run(dialled) : callScreen.dial(dialled);
+    }
+
+    ServiceCodes {
+        id: codes
     }
 
     Connections {
         target: page.request
 
         function onFinished() {
-            if (page.request.result === CallSetup.Success && field.text === page.dialled)
+            // A PIN does not stay in sight, whatever became of it.
+            const held = page.request.result !== CallSetup.Success
+                && !(page.codeRan && page.request.value?.kind === ServiceCodes.Pin);
+            if (!held && field.text === page.dialled)
                 field.text = "";
         }
     }
@@ -51,9 +62,19 @@ PhonePage {
     FailureLine {
         width: parent.width
         inset: 0
-        reason: Words.of(page.request)
+        reason: page.outcome ? ServiceWords.failure(page.request) : Words.of(page.request)
         // The number is still there, and "Call" below it.
         action: ""
+    }
+
+    Section {
+        visible: page.outcome && page.request.result === CallSetup.Success
+
+        SettingRow {
+            objectName: "outcome"
+            label: page.outcome ? ServiceWords.title(page.request) : ""
+            description: page.outcome ? ServiceWords.state(page.request) : ""
+        }
     }
 
     Section {
@@ -96,6 +117,11 @@ PhonePage {
             erasable: true
             maximumLength: 42
             onAccepted: page.dial()
+            onTextChanged: {
+                // The one code that needs no "Call".
+                if (text === "*#06#")
+                    page.dial();
+            }
         }
 
         NumberPad {

@@ -1447,6 +1447,121 @@
     </message>
 </context>
 <context>
+    <name>ServiceWords</name>
+    <message>
+        <source>Number of this device (IMEI)</source>
+        <translation>Nummer dieses Geräts (IMEI)</translation>
+    </message>
+    <message>
+        <source>Call forwarding</source>
+        <translation>Rufumleitung</translation>
+    </message>
+    <message>
+        <source>Call waiting</source>
+        <translation>Anklopfen</translation>
+    </message>
+    <message>
+        <source>Your number in your calls</source>
+        <translation>Eigene Nummer bei Anrufen</translation>
+    </message>
+    <message>
+        <source>PIN2</source>
+        <translation>PIN2</translation>
+    </message>
+    <message>
+        <source>PIN</source>
+        <translation>PIN</translation>
+    </message>
+    <message>
+        <source>Service request</source>
+        <translation>Dienstanfrage</translation>
+    </message>
+    <message>
+        <source>%1, %2: %3</source>
+        <translation>%1, %2: %3</translation>
+    </message>
+    <message>
+        <source>to %1</source>
+        <translation>zu %1</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>aus</translation>
+    </message>
+    <message>
+        <source>All forwarding is off.</source>
+        <translation>Alle Umleitungen sind aus.</translation>
+    </message>
+    <message>
+        <source>On</source>
+        <translation>Ein</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Aus</translation>
+    </message>
+    <message>
+        <source>Hidden</source>
+        <translation>Verborgen</translation>
+    </message>
+    <message>
+        <source>Shown</source>
+        <translation>Sichtbar</translation>
+    </message>
+    <message>
+        <source>The provider decides</source>
+        <translation>Der Anbieter entscheidet</translation>
+    </message>
+    <message>
+        <source>Unblocked, and the new PIN is set.</source>
+        <translation>Entsperrt, und die neue PIN gilt.</translation>
+    </message>
+    <message>
+        <source>Changed.</source>
+        <translation>Geändert.</translation>
+    </message>
+    <message>
+        <source>Sent. The answer comes from the network, and the phone shows it.</source>
+        <translation>Gesendet. Die Antwort kommt vom Netz, und das Telefon zeigt sie.</translation>
+    </message>
+    <message>
+        <source>A PIN is missing, or the new one was not the same both times. Nothing was changed.</source>
+        <translation>Eine PIN fehlt, oder die neue war nicht beide Male dieselbe. Nichts wurde geändert.</translation>
+    </message>
+    <message>
+        <source>Nobody knows this code. Look whether it is typed as your provider wrote it.</source>
+        <translation>Diesen Code kennt niemand. Prüfen Sie, ob er so getippt ist, wie ihn der Anbieter schrieb.</translation>
+    </message>
+    <message>
+        <source>Voice calls</source>
+        <translation>Sprachanrufe</translation>
+    </message>
+    <message>
+        <source>Data calls</source>
+        <translation>Datenanrufe</translation>
+    </message>
+    <message>
+        <source>Fax calls</source>
+        <translation>Faxanrufe</translation>
+    </message>
+    <message>
+        <source>when busy</source>
+        <translation>wenn besetzt</translation>
+    </message>
+    <message>
+        <source>when not answered</source>
+        <translation>wenn niemand abnimmt</translation>
+    </message>
+    <message>
+        <source>when not reachable</source>
+        <translation>wenn nicht erreichbar</translation>
+    </message>
+    <message>
+        <source>always</source>
+        <translation>immer</translation>
+    </message>
+</context>
+<context>
     <name>SettingRow</name>
     <message>
         <source>Try again</source>

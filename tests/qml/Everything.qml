@@ -6,6 +6,7 @@ Item {
     id: root
 
     property Request pending: null
+    property bool sent: false
     readonly property bool anyBusy: CallSetup.busy || preferences.busy || forwarding.unconditional.busy
     readonly property string words: CallSetup.resultText(CallSetup.PinBlocked) + preferences.roamingAlert.error
     readonly property BoolSetting row: preferences.roamingAlert
@@ -33,6 +34,7 @@ Item {
     CallWaiting { id: waiting }
     FixedDialling { id: fixedDialling }
     Lines { id: lines }
+    ServiceCodes { id: codes; onStateChanged: root.sent = root.pending?.value?.kind === ServiceCodes.ServiceRequest }
     SimPins { id: pins }
     DeviceIdentity { id: identity }
     Features { id: features }

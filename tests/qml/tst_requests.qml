@@ -13,6 +13,7 @@ TestCase {
     FixedDialling { id: fixedDialling; autoRefresh: false }
     CallWaiting { id: waiting; autoRefresh: false }
     CallerId { id: callerId; autoRefresh: false }
+    ServiceCodes { id: codes }
     Lines { id: lines; autoRefresh: false }
     Features { id: features; autoRefresh: false }
     PreferredNetworks { id: preferred; autoRefresh: false }
@@ -260,6 +261,83 @@ TestCase {
         compare(request.value, undefined)
         tryCompare(CallSetup, "busy", false)
         tryCompare(fixedDialling.enabled, "value", data.tag === "fixed dialling")
+    }
+
+    function test_serviceCodes_data() {
+        const rule = (condition, active, number = "", serviceClass = 0) =>
+            ({ kind: ServiceCodes.Forwarding, condition, active, number, serviceClass })
+        const sent = { kind: ServiceCodes.ServiceRequest }
+        return [
+            { typed: "*#06#", value: { kind: ServiceCodes.DeviceNumber } },
+            { typed: "**21*555#", value: rule(CallForwarding.Unconditional, true, "555") },
+            { typed: "*67*555#", value: rule(CallForwarding.WhenBusy, true, "555") },
+            { typed: "**61*555**10#", value: rule(CallForwarding.NoReply, true, "555") },
+            { typed: "**62*+49555*11#", value: rule(CallForwarding.NotReachable, true, "+49555") },
+            { typed: "*#21#", value: rule(CallForwarding.Unconditional, false) },
+            { typed: "*#21**20#", value: rule(CallForwarding.Unconditional, false, "", 1) },
+            { typed: "*#62**13#", value: rule(CallForwarding.NotReachable, false, "", 2) },
+            { typed: "##67#", value: rule(CallForwarding.WhenBusy, false) },
+            { typed: "##002#", value: { kind: ServiceCodes.AllForwarding } },
+            { typed: "*43#", value: { kind: ServiceCodes.CallWaiting, active: true } },
+            { typed: "#43#", value: { kind: ServiceCodes.CallWaiting, active: false } },
+            { typed: "*#43#", value: { kind: ServiceCodes.CallWaiting, active: true } },
+            { typed: "*31#", value: { kind: ServiceCodes.CallerId, restriction: CallerId.Invoke } },
+            { typed: "#31#", value: { kind: ServiceCodes.CallerId, restriction: CallerId.Suppress } },
+            { typed: "**04*1234*1111*1111#", value: { kind: ServiceCodes.Pin, pin: SimPins.Pin1, unblocked: false } },
+            { typed: "**042*5678*1111*1111#", value: { kind: ServiceCodes.Pin, pin: SimPins.Pin2, unblocked: false } },
+            { typed: "**052*87654321*1111*1111#", value: { kind: ServiceCodes.Pin, pin: SimPins.Pin2, unblocked: true } },
+            { typed: "**04*9999*1111*1111#", result: CallSetup.PinRejected,
+              value: { kind: ServiceCodes.Pin, pin: SimPins.Pin1, unblocked: false } },
+            { typed: "**04*1234*1111*2222#", result: CallSetup.InvalidParameter, value: { kind: ServiceCodes.PinsDiffer } },
+            { typed: "*05*12345678*1111#", result: CallSetup.InvalidParameter, value: { kind: ServiceCodes.PinsDiffer } },
+            { typed: "**04*1234*1111*1111*1#", result: CallSetup.InvalidParameter,
+              value: { kind: ServiceCodes.PinsDiffer } },
+            // What the engine cannot do exactly so goes to the network as it was typed.
+            { typed: "*100#", value: sent }, { typed: "#21#", value: sent }, { typed: "*21#", value: sent },
+            { typed: "**61*555**30#", value: sent }, { typed: "**21*555*16#", value: sent },
+            { typed: "**67*555**10#", value: sent }, { typed: "##21*555#", value: sent }, { typed: "*#06*1#", value: sent },
+            { typed: "##", value: sent }
+        ].map(row => Object.assign({ tag: row.typed, result: CallSetup.Success }, row))
+    }
+
+    function test_serviceCodes(data) {
+        desk.forgetCalls()
+        verify(codes.isCode(data.typed))
+        const request = codes.run(data.typed)
+        tryVerify(() => !request.busy)
+        compare(request.result, data.result)
+        for (const detail in data.value)
+            compare(request.value[detail], data.value[detail], detail)
+        const toNetwork = data.value.kind === ServiceCodes.ServiceRequest
+        compare(desk.calls("TAPI_USSD_MakeRequest").length, toNetwork ? 1 : 0)
+        if (data.value.kind === ServiceCodes.DeviceNumber)
+            verify(/^[0-9]{15}/.test(request.value.text), request.value.text)
+        if (data.value.kind === ServiceCodes.PinsDiffer)
+            compare(desk.order(), [])
+    }
+
+    function test_numbersAreNoCodes() {
+        for (const typed of ["", "#", "112", "*31#555", "+49555"])
+            verify(!codes.isCode(typed), typed)
+    }
+
+    function test_theCallerIdOfOneCall_data() {
+        return [{ tag: "#31#555", restriction: CallerId.Invoke }, { tag: "*31#555", restriction: CallerId.Suppress }]
+    }
+
+    function test_theCallerIdOfOneCall(data) {
+        desk.forgetCalls()
+        compare(done(calls.dial(data.tag)), CallSetup.Success)
+        const set = desk.calls("TAPI_CS_SetRestrictNextCallID")
+        compare(set[0], String(data.restriction))
+        compare(set.length, 2) // and back
+        compare(calls.data(calls.index(0, 0), Qt.UserRole + 1), "555")
+
+        // Where it cannot be had, no call shows what was to be hidden.
+        desk.answer("TAPI_CS_SetRestrictNextCallID", CallSetup.NotSupported)
+        desk.forgetCalls()
+        compare(done(calls.dial(data.tag)), CallSetup.NotSupported)
+        compare(desk.calls("TAPI_VOICE_MakeCall"), [])
     }
 
     function test_theLastTryBlocks() {

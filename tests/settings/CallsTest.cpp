@@ -203,6 +203,45 @@ TEST_F(CallsTest, HangUpEndsWhatIsDialledEvenBeforeItIsThere)
     }
 }
 
+TEST_F(CallsTest, AServiceCodeIsDoneAndTold)
+{
+    open(QStringLiteral("calls"), {.calm = true});
+    ASSERT_TRUE(settle());
+    QQuickItem *const number = find(QStringLiteral("number"));
+    ASSERT_NE(number, nullptr);
+    const auto outcome = [this] {
+        const QQuickItem *const row = find(QStringLiteral("outcome"));
+        return row && row->isVisible() ? row->property("description").toString() : QString();
+    };
+
+    listen("TAPI_VOICE_");
+    number->setProperty("text", QStringLiteral("*#06#")); // this one needs no "Call"
+    EXPECT_TRUE(waitFor([&] { return outcome().size() >= 15; })) << qPrintable(outcome());
+    EXPECT_EQ(textOf("number"), QString());
+
+    for (const auto &[typed, told] :
+         {std::pair("**67*555#", "Voice calls, when busy: to 555"),
+          std::pair("*#67#", "Voice calls, when busy: to 555"),
+          std::pair("##67#", "Voice calls, when busy: off"), std::pair("*43#", "On"),
+          std::pair("#31#", "Shown"), std::pair("**042*5678*1111*1111#", "Changed."),
+          std::pair("*100#", "Sent. The answer comes from the network, and the phone shows it.")}) {
+        number->setProperty("text", QString::fromLatin1(typed));
+        ASSERT_TRUE(click(QStringLiteral("dial")));
+        EXPECT_TRUE(waitFor([&] { return outcome() == QLatin1String(told); }))
+            << typed << ": " << qPrintable(outcome());
+    }
+    EXPECT_EQ(asked(), QStringList()) << "no code is a call";
+
+    // A wrong PIN is told in the words of PINs, and does not stay in the field.
+    number->setProperty("text", QStringLiteral("**04*9999*1111*1111#"));
+    ASSERT_TRUE(click(QStringLiteral("dial")));
+    EXPECT_TRUE(waitFor([&] {
+        return everywhere("reason").join(QLatin1Char(' ')).contains(QLatin1String("refused the PIN"));
+    })) << qPrintable(everywhere("reason").join(QLatin1Char('\n')));
+    EXPECT_EQ(textOf("number"), QString());
+    EXPECT_EQ(outcome(), QString());
+}
+
 TEST_F(CallsTest, ACallThatCannotBeDialledIsToldBesideItsNumber)
 {
     phone().setAnswer("TAPI_VOICE_*", {.result = 0x8000, .out = {}});
