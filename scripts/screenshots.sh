@@ -79,6 +79,9 @@ done
 draw calls-incoming --page calls "${incoming[@]}"
 draw calls-held --page calls "${incoming[@]}" --press answer
 draw calls-many --page calls "${incoming[@]}" --phone "ring +491715550101" --phone "ring +491715550102"
+draw calls-service-code --page calls --press "key:*" --press "key:#" --press key:2 --press key:1 --press "key:#" --press dial
+draw calls-tones --page calls "${incoming[@]}" --press answer --press keypad --press key:1
+draw calls-add --page calls "${incoming[@]}" --press answer --press add-call
 draw incoming-elsewhere --page costs "${incoming[@]}"
 draw forwarding-number --page forwarding --press no-reply
 draw caller-id-choice --page caller-id --press restriction

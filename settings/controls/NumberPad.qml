@@ -70,10 +70,10 @@ Grid {
                 event.accepted = index < 9;
                 pad.move(index, 3);
             }
-            Keys.onReturnPressed: key.tap()
-            Keys.onEnterPressed: key.tap()
+            Keys.onReturnPressed: key.click()
+            Keys.onEnterPressed: key.click()
 
-            function tap(): void {
+            function click(): void {
                 if (sign === "<") {
                     pad.takeBack();
                 } else {
