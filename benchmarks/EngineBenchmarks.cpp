@@ -403,7 +403,7 @@ int main(int argc, char **argv)
         return 2;
     }
     const QTemporaryDir directory;
-    SimulatedPhone::instance().settings().setFile(directory.filePath(QStringLiteral("settings.db")));
+    SimulatedPhone::instance().settings().setFile(directory.filePath(QStringLiteral("settings.cbor")));
     PHONE_ENG_Setup::instance()->setReminder(false);
     libaplog_to_module_ptr = std::fopen("/dev/null", "w");
     if (mode == "--count") {

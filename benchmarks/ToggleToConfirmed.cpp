@@ -70,7 +70,7 @@ int main(int argc, char **argv)
     QCoreApplication application(argc, argv);
     const QTemporaryDir directory;
     libaplog_to_module_ptr = std::fopen("/dev/null", "w");
-    SimulatedPhone::instance().settings().setFile(directory.filePath(QStringLiteral("settings.db")));
+    SimulatedPhone::instance().settings().setFile(directory.filePath(QStringLiteral("settings.cbor")));
 
     const double storedDirectly = median([](bool on) { PHONE_ENG_Setup::instance()->setRoamAlert(on); });
     const double askedDirectly = median([](bool on) { PHONE_ENG_Setup::instance()->setCallWaiting(on); });

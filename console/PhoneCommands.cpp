@@ -3,8 +3,6 @@
 
 #include "SimulatedPhoneControl.h"
 
-#include <QFileInfo>
-
 #include <chrono>
 
 namespace Console {
@@ -213,14 +211,6 @@ void Session::addPhoneCommands()
          QStringLiteral("The system language; 20 and 22 have names of their own."), 1, 1,
          [](const QStringList &words) {
              return readNumber<int>(words.first(), [](int id) { phone().setLanguage(id); });
-         }},
-        {QStringLiteral(".settings"), QStringLiteral("[FILE]"),
-         QStringLiteral("Shows or changes the file that keeps the settings."), 0, 1,
-         [this](const QStringList &words) {
-             if (!words.isEmpty())
-                 phone().setSettingsFile(QFileInfo(words.first()).absoluteFilePath().toStdString());
-             say(QStringLiteral("settings = ") + QString::fromStdString(phone().settingsFile()));
-             return QString();
          }},
     };
     for (Command command : commands) {

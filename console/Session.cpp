@@ -4,6 +4,7 @@
 #include "DialledSecret.h"
 #include "Help.h"
 #include "SimulatedPhoneControl.h"
+#include "StoredSettings.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -401,6 +402,18 @@ void Session::addCommands()
              const Status status = runScript(words.first());
              m_quit = status == Status::Quit;
              return status == Status::Mistake ? QStringLiteral("the script has a mistake") : QString();
+         }},
+        {QStringLiteral(".settings"), QStringLiteral("[FILE]"),
+         QStringLiteral("Lists a file of settings, or the one in use."), 0, 1,
+         [this](const QStringList &words) {
+             QString file = words.value(0);
+             if (file.isEmpty() && findSimulatedPhone())
+                 file = QString::fromStdString(findSimulatedPhone()->settingsFile());
+             QStringList lines;
+             const QString error = listSettings(file, lines);
+             for (const QString &line : lines)
+                 say(line);
+             return error;
          }},
         {QStringLiteral(".quit"), QString(), QStringLiteral("Leaves the console."), 0, 0,
          [this](const QStringList &) {

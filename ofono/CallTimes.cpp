@@ -9,9 +9,9 @@
 #include "CallTimes.h"
 #include "PhoneSettings.h"
 
+#include "FileLock.h"
 #include "SettingsFile.h"
 #include "SharedState.h"
-#include "WriterTurn.h"
 
 #include <algorithm>
 #include <ctime>
@@ -101,14 +101,14 @@ public:
     Turn()
     {
         std::string file;
-        m_ours =
-            !SettingsFile::resolve(PhoneSettings::file(), file) && !m_turn.begin(file + "-calls", patience);
+        m_ours = !SettingsFile::resolve(PhoneSettings::store().file().toStdString(), file)
+            && !m_lock.take(file + "-calls", patience);
     }
 
     explicit operator bool() const { return m_ours; }
 
 private:
-    WriterTurn m_turn;
+    FileLock m_lock;
     bool m_ours = false;
 };
 

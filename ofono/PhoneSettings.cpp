@@ -2,8 +2,6 @@
 #include "PhoneSettings.h"
 #include "Daemon.h"
 
-#include "SettingsStore.h"
-
 #include "AM_Global.h"
 
 #include <QString>
@@ -12,21 +10,16 @@ namespace Ofono::PhoneSettings {
 
 namespace {
 
-/** The phone's own connection to the user's settings. A write must not take longer than the daemon's answers do. */
-SettingsStore &store()
-{
-    // Never destroyed: an application may use the engine until the process is gone.
-    static auto *const store = [] {
-        auto *const made = new SettingsStore;
-        made->setBusyTimeout(static_cast<int>(Daemon::lengthOf(Deadline::AtHand).count()));
-        return made;
-    }();
-    return *store;
-}
-
 SettingsStore::Name nameOf(const QString &key)
 {
     return {AM_Global::CallSetup, QStringLiteral("Telephony"), key};
+}
+
+template <typename Type>
+Type stored(const QString &key, const Type &defaultValue)
+{
+    const auto value = store().find(SettingsDocument::keyOf<Type>(nameOf(key)));
+    return value ? std::get<Type>(*value) : defaultValue;
 }
 
 _TAPI_RESULT_E resultOf(bool written)
@@ -36,22 +29,26 @@ _TAPI_RESULT_E resultOf(bool written)
 
 } // namespace
 
-std::string file()
+SettingsStore &store()
 {
-    return store().file().toStdString();
+    // Never destroyed: an application may use the engine until the process is gone.
+    static auto *const store = [] {
+        auto *const made = new SettingsStore;
+        // A write must not take longer than the daemon's answers do.
+        made->setPatience(Daemon::lengthOf(Deadline::AtHand));
+        return made;
+    }();
+    return *store;
 }
 
 int read(const char *key, int defaultValue)
 {
-    return store()
-        .readInteger(nameOf(QString::fromLatin1(key)), SettingsStore::Type::Int)
-        .value_or(defaultValue);
+    return stored(QString::fromLatin1(key), defaultValue);
 }
 
 _TAPI_RESULT_E write(const char *key, int value)
 {
-    return resultOf(
-        store().writeInteger(nameOf(QString::fromLatin1(key)), SettingsStore::Type::Int, value, nullptr));
+    return resultOf(store().write(nameOf(QString::fromLatin1(key)), value));
 }
 
 _TAPI_RESULT_E readByte(const char *key, unsigned char *value)
@@ -62,13 +59,12 @@ _TAPI_RESULT_E readByte(const char *key, unsigned char *value)
 
 std::u16string readText(const std::string &key)
 {
-    return store().readText(nameOf(QString::fromStdString(key))).value_or(QString()).toStdU16String();
+    return stored(QString::fromStdString(key), QString()).toStdU16String();
 }
 
 _TAPI_RESULT_E writeText(const std::string &key, const std::u16string &value)
 {
-    return resultOf(
-        store().writeText(nameOf(QString::fromStdString(key)), QString::fromStdU16String(value), nullptr));
+    return resultOf(store().write(nameOf(QString::fromStdString(key)), QString::fromStdU16String(value)));
 }
 
 } // namespace Ofono::PhoneSettings

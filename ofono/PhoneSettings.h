@@ -1,14 +1,16 @@
 // What the phone itself keeps, because no modem, card or network would.
 #pragma once
 
+#include "SettingsStore.h"
+
 #include "TAPI_RESULT.h"
 
 #include <string>
 
 namespace Ofono::PhoneSettings {
 
-/** The file that all this stands in. */
-std::string file();
+/** The user's settings, those of the applications included. */
+SettingsStore &store();
 
 int read(const char *key, int defaultValue);
 _TAPI_RESULT_E write(const char *key, int value);

@@ -1,4 +1,6 @@
 // The settings library: the store, and what the product offers.
+#include "PhoneSettings.h"
+
 #include "Product.h"
 #include "Room.h"
 #include "SettingsAccess.h"
@@ -9,13 +11,6 @@
 
 namespace {
 
-SettingsStore &store()
-{
-    // Never destroyed: an application may use the engine until the process is gone.
-    static auto *const store = new SettingsStore;
-    return *store;
-}
-
 SettingsAccess &accessIn(void *(&room)[6])
 {
     return inRoom<SettingsAccess>(room);
@@ -25,7 +20,7 @@ SettingsAccess &accessIn(void *(&room)[6])
 
 SETUP_SET_Manager::SETUP_SET_Manager(AM_Global::Apps app, bool commitEachWrite)
 {
-    makeInRoom<SettingsAccess>(m_room, store(), app, commitEachWrite);
+    makeInRoom<SettingsAccess>(m_room, Ofono::PhoneSettings::store(), app, commitEachWrite);
 }
 
 SETUP_SET_Manager::~SETUP_SET_Manager()

@@ -65,6 +65,6 @@ false,true)
     settings=$(mktemp -d)
     trap 'rm -rf "$settings"' EXIT
     echo "== The tour"
-    build/demo/console/kvq-console --settings "$settings/settings.db" --script console/tour.kvq --echo
+    build/demo/console/kvq-console --settings "$settings/settings.cbor" --script console/tour.kvq --echo
     ;;
 esac

@@ -36,8 +36,7 @@ need_packages() {
         apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsqlite3-dev libedit-dev
-    libsystemd-dev)
+build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libedit-dev libsystemd-dev)
 test_packages=(git libgtest-dev libgmock-dev qtbase5-dev clang-14 libclang-rt-14-dev clang-format-14 valgrind
     abigail-tools binutils dbus dpkg-dev fakeroot file lintian lld ofono systemd)
 # The telephony daemon and its bus, for what runs on the desk.

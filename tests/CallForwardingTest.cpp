@@ -42,7 +42,7 @@ protected:
     void storeTimer(int seconds)
     {
         const SettingsStore::Name name = {4, QStringLiteral("Setup"), QStringLiteral("CallForwardTimer")};
-        ASSERT_TRUE(phone.settings().writeInteger(name, SettingsStore::Type::Int, seconds, nullptr));
+        ASSERT_TRUE(phone.settings().write(name, seconds));
     }
 };
 

@@ -183,7 +183,7 @@ TEST_F(CallRestrictionsTest, NextCallRestrictionIsReadOnlyWhileUnknown)
 TEST_F(CallRestrictionsTest, CallWaitingIsNotAskedWhenTheSettingForbids)
 {
     const SettingsStore::Name name = {4, QStringLiteral("Setup"), QStringLiteral("DisCMReq")};
-    ASSERT_TRUE(phone.settings().writeInteger(name, SettingsStore::Type::Bool, 0, nullptr));
+    ASSERT_TRUE(phone.settings().write(name, false));
     EXPECT_EQ(read(&Engine::isCallWaiting, 1), "1, 1:" + waitingRead + R"(0\n" ~SETUP_SET_Manager())");
     EXPECT_EQ(read(&Engine::isCallWaiting, 0), "0, 1:" + waitingRead + R"(0\n" ~SETUP_SET_Manager())");
     EXPECT_EQ(after(setup().setCallWaiting(true)), "0: | TAPI_CS_SetVoiceWaitingStatus(1) |");

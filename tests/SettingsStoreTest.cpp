@@ -1,8 +1,8 @@
-// The settings store: what is promised when the disk is full, the file is odd or a writer is killed.
+// The settings store behind the engine: a full store, a protected file, types, and collections of others.
 #include "EngineTest.h"
 
 #include "SETUP_SET_Manager.h"
-#include "SettingsStore.h"
+#include "SettingsAccess.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -29,16 +29,14 @@ protected:
 TEST_F(SettingsStoreTest, AStoreThatIsFullRefusesAWriteAndOneSignalFollows)
 {
     ASSERT_TRUE(setup().setTurboDialing(1, QStringLiteral("5551234")));
-    phone.settings().limitPages(3);
     QSignalSpy flashFull(&setup(), SIGNAL(flashFull()));
-    EXPECT_FALSE(setup().setTurboDialing(1, QString(20000, QLatin1Char('5'))));
+    EXPECT_FALSE(setup().setTurboDialing(1, QString(5'000'000, QLatin1Char('5'))));
     EXPECT_EQ(errno, ENOSPC);
     EXPECT_EQ(flashFull.count(), 0);
     QCoreApplication::sendPostedEvents();
     EXPECT_EQ(flashFull.count(), 1);
     EXPECT_EQ(setup().getTurboDialing(1, true), QStringLiteral("5551234"));
-    phone.settings().limitPages(0);
-    EXPECT_TRUE(setup().setTurboDialing(1, QString(20000, QLatin1Char('5'))));
+    EXPECT_TRUE(setup().setTurboDialing(1, QString(20'000, QLatin1Char('5'))));
 }
 
 TEST_F(SettingsStoreTest, AFileThatMayNotBeWrittenIsReadAndRaisesNoSignal)
@@ -104,14 +102,13 @@ TEST_F(SettingsStoreTest, AStoreThatOthersKeepLockedAnswersFalse)
 {
     SettingsStore other;
     other.setFile(settingsFile());
-    const SettingsStore::Name name{AM_Global::CallSetup, QStringLiteral("Setup"),
-                                   QStringLiteral("audibleTimer")};
-    ASSERT_TRUE(other.writeInteger(name, SettingsStore::Type::Int, 5, this));
-    phone.settings().setBusyTimeout(50);
+    SettingsAccess settings(other, AM_Global::CallSetup, false);
+    ASSERT_TRUE(settings.write(QStringLiteral("Setup"), QStringLiteral("audibleTimer"), 5));
+    phone.settings().setPatience(std::chrono::milliseconds(50));
     EXPECT_FALSE(setup().setReminder(false));
     EXPECT_EQ(errno, EBUSY);
-    EXPECT_TRUE(other.commit(this));
-    phone.settings().setBusyTimeout(5000);
+    EXPECT_TRUE(settings.flush());
+    phone.settings().setPatience(std::chrono::seconds(5));
     EXPECT_TRUE(setup().setReminder(false));
     EXPECT_EQ(timer(), 5);
 }

@@ -178,7 +178,7 @@ extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
 {
     static QCoreApplication application(*argc, *argv);
     libaplog_to_module_ptr = std::fopen("/dev/null", "w");
-    SimulatedPhone::instance().settings().setFile(QStringLiteral("/nonexistent/settings.db"));
+    SimulatedPhone::instance().settings().setFile(QStringLiteral("/nonexistent/settings.cbor"));
     return 0;
 }
 

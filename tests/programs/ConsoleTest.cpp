@@ -32,7 +32,7 @@ using ConsoleOnAPortTest = ConsoleTest;
 TEST_F(ConsoleOnTheSimulatedPhoneTest, SettingsAreKeptFromOneRunToTheNext)
 {
     const QStringList settings = {QStringLiteral("--settings"),
-                                  m_directory.filePath(QStringLiteral("settings.db"))};
+                                  m_directory.filePath(QStringLiteral("settings.cbor"))};
     EXPECT_EQ(run(settings + words("-q isRoamAlert")).text, "result = false\n");
     EXPECT_EQ(run(settings + words("setRoamAlert on")).text,
               "  SETUP_SET_Manager(4, true)\n"
@@ -40,6 +40,25 @@ TEST_F(ConsoleOnTheSimulatedPhoneTest, SettingsAreKeptFromOneRunToTheNext)
               "  ~SETUP_SET_Manager()\nresult = true\n");
     EXPECT_EQ(run(settings + words("-q isRoamAlert")).text, "result = true\n");
     EXPECT_EQ(run(words("-q isRoamAlert")).text, "result = false\n") << "another file";
+}
+
+TEST_F(ConsoleOnTheSimulatedPhoneTest, ASettingsFileIsListedInWords)
+{
+    const QString file = m_directory.filePath(QStringLiteral("settings.cbor"));
+    const QStringList settings = {QStringLiteral("--settings"), file};
+    const std::string heading = "settings = " + file.toStdString() + '\n';
+    EXPECT_EQ(run(settings + words(".settings")).text, heading + "there is no such file yet\n");
+    run(settings, "setRoamAlert on\nsetAudibleTimer 7\nsetTurboDialing 2 5551234\n");
+    const std::string values =
+        "4/Setup/roamAlert = true\n4/Setup/audibleTimer = 7\n4/Turbo Dialing/2 = \"5551234\"\n";
+    EXPECT_EQ(run(settings + words(".settings")).text, heading + values);
+    EXPECT_EQ(run({QStringLiteral(".settings"), file}).text, heading + values) << "whichever is in use";
+    QFile damaged(file);
+    ASSERT_TRUE(damaged.open(QIODevice::ReadWrite) && damaged.resize(damaged.size() - 1));
+    const Output output = run(settings + words(".settings"));
+    EXPECT_EQ(output.status, 2);
+    EXPECT_EQ(output.text, "");
+    EXPECT_THAT(output.errors, HasSubstr(file.toStdString() + " is damaged"));
 }
 
 TEST_F(ConsoleTest, MistakesAreNamedAndNothingIsCalled)

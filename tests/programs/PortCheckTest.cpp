@@ -62,7 +62,7 @@ TEST_F(PortCheckOnTheSimulatedPhoneTest, ThePlatformLibraryOfThisBuildPasses)
     EXPECT_EQ(reading.status, 0) << reading.text;
     EXPECT_THAT(reading.text, Not(HasSubstr("preferences")));
     EXPECT_THAT(reading.text, Not(HasSubstr("dialled call")));
-    EXPECT_FALSE(QFileInfo::exists(m_directory.filePath(QStringLiteral("kvq-phone/settings.db"))));
+    EXPECT_FALSE(QFileInfo::exists(m_directory.filePath(QStringLiteral("kvq-phone/settings.cbor"))));
 }
 
 TEST_F(PortCheckTest, WhatALibraryLacksIsNamedAndWhatItBreaksIsFound)

@@ -48,8 +48,7 @@ protected:
     {
         libaplog_to_module_ptr = std::fopen("/dev/null", "w");
         SimulatedPhone::instance().reset();
-        SimulatedPhone::instance().settings().limitPages(0);
-        SimulatedPhone::instance().settings().setFile(m_directory.filePath(QStringLiteral("settings.db")));
+        SimulatedPhone::instance().settings().setFile(m_directory.filePath(QStringLiteral("settings.cbor")));
     }
     ~CallSetupWorkerTest() override
     {

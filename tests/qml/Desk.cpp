@@ -24,7 +24,7 @@ auto withPhone(Use use)
 QString settingsFile()
 {
     static const QTemporaryDir folder;
-    return folder.filePath(QStringLiteral("settings.db"));
+    return folder.filePath(QStringLiteral("settings.cbor"));
 }
 
 } // namespace

@@ -25,7 +25,7 @@ int main(int argc, char **argv)
     const QTemporaryDir directory; // outlives the application, which still writes when it goes
     QCoreApplication application(argc, argv);
     SimulatedPhone &phone = SimulatedPhone::instance();
-    phone.settings().setFile(directory.filePath(QStringLiteral("settings.db")));
+    phone.settings().setFile(directory.filePath(QStringLiteral("settings.cbor")));
     const bool hangs = argc > 1 && std::string_view(argv[1]) == "hanging";
     phone.setAnswerer([hangs](std::string_view function) -> const ScriptedAnswer * {
         if (hangs && function == "TAPI_CS_SelectLine")

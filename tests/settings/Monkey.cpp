@@ -372,7 +372,7 @@ int main(int argc, char **argv)
     parser.process(gui);
 
     const QTemporaryDir folder;
-    findSimulatedPhone()->setSettingsFile(folder.filePath(QStringLiteral("settings.db")).toStdString());
+    findSimulatedPhone()->setSettingsFile(folder.filePath(QStringLiteral("settings.cbor")).toStdString());
     Options options;
     options.desk = false;
     options.language = QStringLiteral("en");

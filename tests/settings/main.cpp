@@ -31,6 +31,6 @@ int main(int argc, char **argv)
     QAccessible::setActive(true);
 
     const QTemporaryDir folder;
-    findSimulatedPhone()->setSettingsFile(folder.filePath(QStringLiteral("settings.db")).toStdString());
+    findSimulatedPhone()->setSettingsFile(folder.filePath(QStringLiteral("settings.cbor")).toStdString());
     return RUN_ALL_TESTS();
 }

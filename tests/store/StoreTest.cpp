@@ -1,10 +1,13 @@
-// The settings store by itself: odd files, older files, modes, forks and threads.
+// The settings store by itself: its document, odd files, modes, forks, threads, and what a write costs the disk.
 #include "FailingDisk.h"
+#include "PHONE_ENG_Setup.h"
 #include "SETUP_SET_Manager.h"
 #include "SettingsAccess.h"
 #include "SettingsStore.h"
 #include "SimulatedPhone.h"
 
+#include <QCborMap>
+#include <QCborValue>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -25,41 +28,42 @@
 
 #include <csignal>
 #include <fcntl.h>
-#include <sqlite3.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
 
-const SettingsStore::Name audibleTimer = {4, QStringLiteral("Setup"), QStringLiteral("audibleTimer")};
-const SettingsStore::Name reminder = {4, QStringLiteral("Setup"), QStringLiteral("reminder")};
+const QString group = QStringLiteral("Setup");
+const QString timerKey = QStringLiteral("audibleTimer");
+const SettingsStore::Name audibleTimer = {4, group, timerKey};
+const SettingsStore::Name reminder = {4, group, QStringLiteral("reminder")};
+
+/** What waits that long never comes back, as far as a test is concerned. */
+constexpr std::chrono::hours forEver(1);
 
 /** For a function that exit() calls. */
 SettingsStore *onTheWayOut = nullptr;
 
+int timerIn(SettingsStore &store)
+{
+    const auto value = store.find(SettingsDocument::keyOf<int>(audibleTimer));
+    return value ? std::get<int>(*value) : -1;
+}
+
 class StoreTest : public testing::Test {
 protected:
-    StoreTest() { store.setFile(m_file); }
-
-    int timer() { return store.readInteger(audibleTimer, SettingsStore::Type::Int).value_or(-1); }
-    bool setTimer(int value)
+    StoreTest()
     {
-        return store.writeInteger(audibleTimer, SettingsStore::Type::Int, value, nullptr);
+        store.setFile(m_file);
+        store.setPatience(forEver);
     }
-    bool setReminder() { return store.writeInteger(reminder, SettingsStore::Type::Bool, 0, nullptr); }
+
+    int timer() { return timerIn(store); }
+    bool setTimer(int value) { return store.write(audibleTimer, value); }
+    bool setReminder() { return store.write(reminder, false); }
 
     std::string path() const { return m_file.toStdString(); }
-
-    /** What the sqlite tool would do to the file, all in one go. */
-    void throughSqlite(const char *sql)
-    {
-        sqlite3 *connection = nullptr;
-        ASSERT_EQ(sqlite3_open(path().c_str(), &connection), SQLITE_OK);
-        ASSERT_EQ(sqlite3_exec(connection, sql, nullptr, nullptr, nullptr), SQLITE_OK)
-            << sqlite3_errmsg(connection);
-        sqlite3_close(connection);
-    }
 
     QByteArray content() const
     {
@@ -69,16 +73,19 @@ protected:
 
     void setContent(const QByteArray &bytes)
     {
-        QFile file(m_file);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
+        QFile file(m_file + QStringLiteral(".other"));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+        file.close();
+        ASSERT_EQ(rename((path() + ".other").c_str(), path().c_str()), 0);
     }
 
-    static mode_t modeOf(const std::string &file)
+    static struct stat statusOf(const std::string &file)
     {
         struct stat status = {};
-        return stat(file.c_str(), &status) == 0 ? status.st_mode & 07777 : 0;
+        stat(file.c_str(), &status);
+        return status;
     }
+    static mode_t modeOf(const std::string &file) { return statusOf(file).st_mode & 07777; }
 
     /** Runs a part in a child of fork and says whether it was content. */
     template <typename Body>
@@ -93,46 +100,67 @@ protected:
     }
 
     QTemporaryDir m_directory;
-    QString m_file = m_directory.filePath(QStringLiteral("settings.db"));
+    QString m_file = m_directory.filePath(QStringLiteral("settings.cbor"));
     SettingsStore store;
 };
 
-/** How many bytes of a file other processes have locked. */
-int locks(int file, off_t begin = 0, off_t end = std::numeric_limits<off_t>::max())
+TEST(DocumentTest, EveryValueComesBackAndEveryFlippedBitAndMissingByteIsNoticed)
 {
-    struct flock lock = {};
-    lock.l_type = F_WRLCK;
-    lock.l_start = begin;
-    lock.l_len = end - begin;
-    if (begin == end || fcntl(file, F_OFD_GETLK, &lock) != 0 || lock.l_type == F_UNLCK)
-        return 0;
-    return 1 + locks(file, begin, lock.l_start) + locks(file, lock.l_start + 1, end);
+    constexpr auto greatest = std::numeric_limits<int>::max();
+    const SettingsDocument::Value written[] = {false,
+                                               true,
+                                               0,
+                                               greatest,
+                                               std::numeric_limits<int>::min(),
+                                               QString(),
+                                               QStringLiteral("\u6D4B \U0001F4F1"),
+                                               QString(300, QLatin1Char('5'))};
+    SettingsDocument::Values values;
+    unsigned int app = std::numeric_limits<unsigned int>::max();
+    for (const auto &value : written)
+        values.insert({{{app--, group, QString()}, value.index()}, value});
+    const QByteArray document = SettingsDocument::write(values);
+    SettingsDocument::Values found;
+    ASSERT_FALSE(SettingsDocument::read(document, found));
+    ASSERT_EQ(found.size(), std::size(written));
+    for (const auto &[key, value] : values)
+        EXPECT_EQ(found.at(key), value);
+    const auto isNoticed = [&found](const QByteArray &bytes) {
+        const int error = SettingsDocument::read(bytes, found).error;
+        return (error == EUCLEAN || error == EMEDIUMTYPE) && found.empty();
+    };
+    for (int bit = 0; bit < document.size() * 8; ++bit) {
+        QByteArray flipped = document;
+        flipped[bit / 8] = static_cast<char>(flipped.at(bit / 8) ^ 1 << bit % 8);
+        EXPECT_TRUE(isNoticed(flipped)) << bit;
+    }
+    for (int length = 1; length < document.size(); ++length)
+        EXPECT_TRUE(isNoticed(document.left(length))) << length;
+    EXPECT_FALSE(SettingsDocument::read(QByteArray(), found)) << "a file that nothing was stored in";
 }
-
-/** The file as it was before it had a version. */
-constexpr char olderFile[] = "CREATE TABLE IF NOT EXISTS settings (app INTEGER NOT NULL, grp TEXT NOT NULL, "
-                             "key TEXT NOT NULL, type INTEGER NOT NULL, value NOT NULL, "
-                             "PRIMARY KEY (app, grp, key, type)) WITHOUT ROWID;"
-                             "INSERT INTO settings VALUES (4, 'Setup', 'audibleTimer', 1, 7)";
 
 TEST_F(StoreTest, WhatCannotBeReadIsReportedOnceAndUsedAgainWhenItIsMended)
 {
     ASSERT_TRUE(setTimer(7));
     const QByteArray good = content();
-    QByteArray newer = good;
-    newer[63] = 2;
-    QByteArray foreign = good;
-    foreign[71] = 'X';
+    const auto with = [&good](const char *entry, const QCborValue &value) {
+        QCborMap document = QCborValue::fromCbor(good).toMap();
+        document[QLatin1String(entry)] = value;
+        return document.toCborValue().toCbor();
+    };
     const struct {
         QByteArray bytes;
         const char *report;
         int reason;
     } cases[] = {
-        {good.left(good.size() - 1), "its length is not what its header says", EUCLEAN},
-        {good + "more", "its length is not what its header says", EUCLEAN},
-        {good.left(50), "no header", EUCLEAN},
-        {newer, "is of version 2, newer than this program", EMEDIUMTYPE},
-        {foreign, "another application's mark", EMEDIUMTYPE},
+        {good.left(good.size() - 1), "is damaged (not a whole document)", EUCLEAN},
+        {good + "more", "is damaged (not a whole document)", EUCLEAN},
+        {"[Setup]\nreminder=0\n", "is damaged (not a whole document)", EUCLEAN},
+        {with("more", 1), "is damaged (its checksum is another one)", EUCLEAN},
+        {with("values", QByteArray()), "is damaged (its checksum is another one)", EUCLEAN},
+        {with("version", 2), "is of version 2, newer than this program", EMEDIUMTYPE},
+        {with("format", QStringLiteral("more settings")), "is not a settings file of this phone",
+         EMEDIUMTYPE},
     };
     for (const auto &bad : cases) {
         SCOPED_TRACE(bad.report);
@@ -148,7 +176,7 @@ TEST_F(StoreTest, WhatCannotBeReadIsReportedOnceAndUsedAgainWhenItIsMended)
         EXPECT_NE(report.find(bad.report), std::string::npos) << report;
         EXPECT_EQ(std::count(report.begin(), report.end(), '\n'), 1) << report;
         EXPECT_EQ(content(), bad.bytes);
-        setContent(good); // in place
+        setContent(good);
         EXPECT_EQ(timer(), 7);
         EXPECT_TRUE(setTimer(7));
     }
@@ -160,10 +188,10 @@ TEST_F(StoreTest, AReadThatFailsHasNoEffectOnTheNextOne)
     other.setFile(m_file);
     ASSERT_TRUE(setTimer(7));
     EXPECT_EQ(timer(), 7);
-    ASSERT_TRUE(other.writeInteger(audibleTimer, SettingsStore::Type::Int, 8, nullptr));
     for (const int error : {EIO, ENOMEM}) {
         SCOPED_TRACE(error);
         const bool passes = error == ENOMEM; // so what is known is better than the default
+        ASSERT_TRUE(other.write(audibleTimer, 8));
         FailingDisk::failReads(error);
         testing::internal::CaptureStderr();
         EXPECT_EQ(timer(), passes ? 7 : -1);
@@ -173,81 +201,71 @@ TEST_F(StoreTest, AReadThatFailsHasNoEffectOnTheNextOne)
         EXPECT_NE(testing::internal::GetCapturedStderr().find("cannot be read"), std::string::npos);
         EXPECT_EQ(timer(), 8);
         EXPECT_TRUE(setTimer(7));
-        ASSERT_TRUE(other.writeInteger(audibleTimer, SettingsStore::Type::Int, 8, nullptr));
     }
 }
 
-TEST_F(StoreTest, AnEmptyFileIsAnEmptyStoreUnlessAJournalStandsBesideIt)
+TEST_F(StoreTest, AWriteSyncsTheFileAndItsFolderAndAnUnchangedValueNothing)
 {
-    setContent({});
-    QFile journal(m_file + QStringLiteral("-journal"));
-    ASSERT_TRUE(journal.open(QIODevice::WriteOnly) && journal.write("something") > 0);
-    journal.close();
-    testing::internal::CaptureStderr();
-    EXPECT_EQ(timer(), -1);
-    EXPECT_FALSE(setTimer(8));
-    EXPECT_NE(testing::internal::GetCapturedStderr().find("a journal beside it"), std::string::npos);
-    ASSERT_TRUE(journal.remove());
-    EXPECT_TRUE(setTimer(8));
-    EXPECT_EQ(timer(), 8);
-}
-
-TEST_F(StoreTest, AnOlderFileIsTakenOverWithItsJournal)
-{
-    for (const bool interrupted : {false, true}) {
-        SCOPED_TRACE(interrupted);
-        QFile::remove(m_file);
-        throughSqlite(olderFile);
-        if (interrupted) {
-            // A writer of that time is killed with its new value in the file and the old one in the journal.
-            EXPECT_FALSE(holdsInChild([this] {
-                sqlite3 *connection = nullptr;
-                sqlite3_open(path().c_str(), &connection);
-                sqlite3_exec(connection,
-                             "PRAGMA cache_size = 1; PRAGMA cache_spill = 1; BEGIN; "
-                             "UPDATE settings SET value = 99; WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL "
-                             "SELECT i + 1 FROM n WHERE i < 2000) INSERT INTO settings "
-                             "SELECT 4, 'Setup', 'key' || i, 2, 'some text that takes space' FROM n",
-                             nullptr, nullptr, nullptr);
-                return kill(getpid(), SIGKILL) != 0;
-            }));
-            ASSERT_TRUE(QFile::exists(m_file + QStringLiteral("-journal")));
-        }
-        EXPECT_EQ(timer(), 7);
-        EXPECT_TRUE(setReminder());
-        EXPECT_EQ(timer(), 7);
-        EXPECT_EQ(content().mid(68, 4), QByteArray("KVQS"));
+    ASSERT_TRUE(setTimer(1));
+    const struct {
+        const char *what;
+        int values;
+        int first;
+        int syncs;
+    } rows[] = {{"one", 1, 10, 2}, {"the same", 1, 10, 0}, {"many", 50, 20, 2}, {"the same many", 50, 20, 0}};
+    for (const auto &row : rows) {
+        SCOPED_TRACE(row.what);
+        FailingDisk::takeSyncs();
+        SettingsAccess settings(store, 4, false);
+        for (int value = row.first; value < row.first + row.values; ++value)
+            ASSERT_TRUE(settings.write(group, QStringLiteral("key") + QString::number(value), value));
+        EXPECT_EQ(FailingDisk::takeSyncs(), 0);
+        const struct stat next = statusOf(path() + "-new");
+        EXPECT_GE(next.st_blocks * 512, next.st_size) << "the space is there before the commit";
+        EXPECT_TRUE(settings.flush());
+        EXPECT_EQ(FailingDisk::takeSyncs(), row.syncs);
+        EXPECT_EQ(next.st_size, row.syncs == 0 ? 0 : content().size());
     }
 }
 
-TEST_F(StoreTest, WhatAnotherToolWritesInPlaceIsSeen)
+TEST_F(StoreTest, TheSpeedDialListIsOneVersion)
 {
-    ASSERT_TRUE(setTimer(7));
-    throughSqlite("UPDATE settings SET value = 9");
-    EXPECT_EQ(timer(), 9);
-    throughSqlite("UPDATE settings SET value = 'nine'");
-    EXPECT_EQ(timer(), -1) << "a value of another type is as if it were absent";
+    SimulatedPhone::instance().settings().setFile(m_file);
+    PHONE_ENG_Setup &engine = *PHONE_ENG_Setup::instance();
+    ASSERT_TRUE(setTimer(1));
+    FailingDisk::takeSyncs();
+    for (const int syncs : {2, 0}) {
+        EXPECT_TRUE(engine.setTurboDialing(QStringLiteral("1 2 3 4 5 6 7 8 9").split(QLatin1Char(' '))));
+        EXPECT_EQ(FailingDisk::takeSyncs(), syncs);
+    }
+}
 
-    // A tool that is stopped in the middle of its work, with what it writes ahead beside the file.
-    sqlite3 *connection = nullptr;
-    ASSERT_EQ(sqlite3_open(path().c_str(), &connection), SQLITE_OK);
-    sqlite3_exec(connection, "PRAGMA journal_mode = WAL; UPDATE settings SET value = 11; BEGIN IMMEDIATE",
-                 nullptr, nullptr, nullptr);
-    EXPECT_EQ(timer(), 11);
-    testing::internal::CaptureStderr();
-    EXPECT_FALSE(setTimer(12));
-    EXPECT_EQ(errno, EBUSY);
-    EXPECT_NE(testing::internal::GetCapturedStderr().find("in place"), std::string::npos);
-    EXPECT_EQ(timer(), 11);
-    sqlite3_close(connection);
-    EXPECT_TRUE(setTimer(12));
-    EXPECT_EQ(timer(), 12);
+TEST_F(StoreTest, AValueThatMayNotBeDurableIsWrittenAgain)
+{
+    ASSERT_TRUE(setTimer(1));
+    int call = 0;
+    bool written = false;
+    while (timer() != 2) { // that is, until only the last step fails
+        FailingDisk::failAt(++call, EIO, false);
+        testing::internal::CaptureStderr();
+        written = setTimer(2);
+        testing::internal::GetCapturedStderr();
+        FailingDisk::repair();
+    }
+    ASSERT_FALSE(written);
+    SettingsStore other;
+    other.setFile(m_file);
+    FailingDisk::takeSyncs();
+    EXPECT_TRUE(other.write(audibleTimer, 2));
+    EXPECT_EQ(FailingDisk::takeSyncs(), 2);
+    EXPECT_TRUE(setTimer(2));
+    EXPECT_EQ(FailingDisk::takeSyncs(), 0);
 }
 
 TEST_F(StoreTest, FileAndFolderAreTheUsersOwnWhateverTheMask)
 {
     const std::string folder = path() + ".d/inner";
-    const std::string file = folder + "/settings.db";
+    const std::string file = folder + "/settings.cbor";
     for (const mode_t mask : {0000u, 0777u}) {
         SCOPED_TRACE(mask);
         QDir(QString::fromStdString(path() + ".d")).removeRecursively();
@@ -265,7 +283,11 @@ TEST_F(StoreTest, FileAndFolderAreTheUsersOwnWhateverTheMask)
     EXPECT_TRUE(setTimer(8));
     EXPECT_EQ(modeOf(file), 0640u) << "what is there keeps its mode";
     EXPECT_EQ(modeOf(folder), 0750u);
-    EXPECT_EQ(modeOf(file + "-lock"), 0640u) << "who may write the file may stand in line for it";
+    EXPECT_EQ(modeOf(file + "-lock"), 0640u) << "who may write the file may lock it";
+    ASSERT_EQ(chmod(file.c_str(), 0444), 0);
+    EXPECT_FALSE(setTimer(9));
+    EXPECT_EQ(errno, EROFS);
+    EXPECT_EQ(timer(), 8);
 }
 
 TEST_F(StoreTest, EachVersionIsLaterThanTheOneBeforeWhateverTheClockSays)
@@ -277,11 +299,10 @@ TEST_F(StoreTest, EachVersionIsLaterThanTheOneBeforeWhateverTheClockSays)
     reader.setFile(m_file);
     for (int value = 2; value < 5; ++value) {
         EXPECT_TRUE(setTimer(value));
-        EXPECT_EQ(reader.readInteger(audibleTimer, SettingsStore::Type::Int), value);
-        struct stat status = {};
-        ASSERT_EQ(stat(path().c_str(), &status), 0);
-        EXPECT_EQ(status.st_mtim.tv_sec, ahead->tv_sec + 1);
-        EXPECT_EQ(status.st_mtim.tv_nsec, value - 2);
+        EXPECT_EQ(timerIn(reader), value);
+        const timespec modified = statusOf(path()).st_mtim;
+        EXPECT_EQ(modified.tv_sec, ahead->tv_sec + 1);
+        EXPECT_EQ(modified.tv_nsec, (value - 2) * 1000);
     }
 }
 
@@ -299,17 +320,46 @@ TEST_F(StoreTest, ALinkIsFollowedAndStays)
     EXPECT_EQ(timer(), 8);
 }
 
+TEST_F(StoreTest, AStoppedWriterKeepsNobodyFromReadingAndAWriteFromWaitingForEver)
+{
+    ASSERT_TRUE(setTimer(1));
+    const pid_t child = fork();
+    if (child == 0) {
+        SettingsStore own;
+        own.setFile(m_file);
+        SettingsAccess settings(own, 4, false);
+        std::_Exit(settings.write(group, timerKey, 2) ? raise(SIGSTOP) : 1);
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, WUNTRACED), child);
+    ASSERT_TRUE(WIFSTOPPED(status)) << "it has the lock";
+    EXPECT_EQ(timer(), 1);
+    SettingsStore fresh;
+    fresh.setFile(m_file);
+    EXPECT_EQ(timerIn(fresh), 1);
+    constexpr std::chrono::milliseconds patience(30);
+    store.setPatience(patience);
+    const auto start = std::chrono::steady_clock::now();
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(setReminder());
+    EXPECT_EQ(errno, EBUSY);
+    EXPECT_GE(std::chrono::steady_clock::now() - start, patience);
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("locked by others"), std::string::npos);
+    kill(child, SIGKILL);
+    waitpid(child, &status, 0);
+    EXPECT_TRUE(setReminder());
+    EXPECT_EQ(timer(), 1);
+}
+
 TEST_F(StoreTest, AChildOfForkLeavesTheParentsCollectionAlone)
 {
-    const QString group = QStringLiteral("Setup");
-    const QString key = QStringLiteral("audibleTimer");
     ASSERT_TRUE(setTimer(1));
     SettingsAccess settings(store, 4, false);
-    ASSERT_TRUE(settings.write(group, key, 5));
-    store.setBusyTimeout(std::numeric_limits<int>::max()); // a child that waited would hang
+    ASSERT_TRUE(settings.write(group, timerKey, 5));
     EXPECT_TRUE(holdsInChild([&] {
         testing::internal::CaptureStderr();
-        const bool refused = !setReminder() && errno == EBUSY;
+        const bool refused =
+            !setReminder() && errno == EBUSY; // without waiting for the parent, which waits for it
         const bool flushed = settings.flush();
         settings.~SettingsAccess();
         return refused && !flushed && timer() == 1;
@@ -318,10 +368,10 @@ TEST_F(StoreTest, AChildOfForkLeavesTheParentsCollectionAlone)
     EXPECT_TRUE(settings.flush());
     EXPECT_EQ(timer(), 5);
     EXPECT_TRUE(holdsInChild([this] { return setReminder(); }));
-    EXPECT_EQ(store.readInteger(reminder, SettingsStore::Type::Bool), 0);
+    EXPECT_EQ(store.find(SettingsDocument::keyOf<bool>(reminder)), SettingsStore::Value(false));
 }
 
-TEST_F(StoreTest, AChildOfForkWritesInItsTurnWhileAnotherThreadOfTheParentWrites)
+TEST_F(StoreTest, AChildOfForkWritesWhileAnotherThreadOfTheParentDoes)
 {
     std::atomic<bool> done = false;
     bool good = setTimer(0);
@@ -336,78 +386,12 @@ TEST_F(StoreTest, AChildOfForkWritesInItsTurnWhileAnotherThreadOfTheParentWrites
     EXPECT_TRUE(good);
 }
 
-TEST_F(StoreTest, WhoWaitsLongestWritesNextAndWhoIsStoppedIsPassedBy)
-{
-    const int collector = 0;
-    ASSERT_TRUE(store.writeInteger(audibleTimer, SettingsStore::Type::Int, 0, &collector));
-    const int lockFile = open((path() + "-lock").c_str(), O_RDWR | O_CLOEXEC);
-    std::array<int, 2> ends = {};
-    ASSERT_EQ(pipe(ends.data()), 0);
-    std::array<pid_t, 3> children = {};
-    for (int number = 1; number <= 3; ++number) {
-        pid_t &child = children[static_cast<std::size_t>(number - 1)];
-        child = fork();
-        if (child == 0) {
-            SettingsStore own;
-            own.setFile(m_file);
-            const int answer =
-                own.writeInteger(audibleTimer, SettingsStore::Type::Int, number, nullptr) ? number : 0;
-            std::_Exit(write(ends[1], &answer, sizeof answer) == sizeof answer ? 0 : 1);
-        }
-        for (int look = 0; look < 1000 && locks(lockFile) != 1 + number; ++look)
-            std::this_thread::sleep_for(std::chrono::milliseconds(5));
-        ASSERT_EQ(locks(lockFile), 1 + number);
-    }
-    const auto next = [&] {
-        int number = -1;
-        return read(ends[0], &number, sizeof number) == sizeof number ? number : -1;
-    };
-    kill(children[1], SIGSTOP);
-    waitpid(children[1], nullptr, WUNTRACED);
-    EXPECT_TRUE(store.commit(&collector));
-    EXPECT_EQ(next(), 1);
-    EXPECT_EQ(next(), 3);
-    kill(children[1], SIGCONT);
-    EXPECT_EQ(next(), 2);
-    for (const pid_t child : children)
-        waitpid(child, nullptr, 0);
-    EXPECT_EQ(timer(), 2);
-    for (const int file : {lockFile, ends[0], ends[1]})
-        close(file);
-}
-
-TEST_F(StoreTest, AReadWaitsForNoWriterNotEvenForOneThatIsStopped)
-{
-    ASSERT_TRUE(setTimer(7));
-    const pid_t child = fork();
-    if (child == 0) {
-        SettingsStore own;
-        own.setFile(m_file);
-        const int collector = 0;
-        if (own.writeInteger(audibleTimer, SettingsStore::Type::Int, 8, &collector)) // it is its turn now
-            raise(SIGSTOP);
-        std::_Exit(own.commit(&collector) ? 0 : 1);
-    }
-    int status = 0;
-    ASSERT_EQ(waitpid(child, &status, WUNTRACED), child);
-    ASSERT_TRUE(WIFSTOPPED(status));
-    EXPECT_EQ(timer(), 7);
-    SettingsStore other;
-    other.setFile(m_file);
-    EXPECT_EQ(other.readInteger(audibleTimer, SettingsStore::Type::Int), 7);
-    kill(child, SIGCONT);
-    waitpid(child, &status, 0);
-    EXPECT_EQ(status, 0);
-    EXPECT_EQ(timer(), 8);
-}
-
 TEST_F(StoreTest, ACollectionGivesWayToAFileOfOthers)
 {
     ASSERT_TRUE(setTimer(1));
-    ASSERT_TRUE(QFile::copy(m_file, m_file + QStringLiteral(".copy")));
     SettingsAccess settings(store, 4, false);
-    ASSERT_TRUE(settings.write(QStringLiteral("Setup"), QStringLiteral("audibleTimer"), 5));
-    ASSERT_EQ(rename((path() + ".copy").c_str(), path().c_str()), 0);
+    ASSERT_TRUE(settings.write(group, timerKey, 5));
+    setContent(content());
     testing::internal::CaptureStderr();
     EXPECT_FALSE(settings.flush());
     EXPECT_EQ(errno, EIO);
@@ -418,7 +402,6 @@ TEST_F(StoreTest, ACollectionGivesWayToAFileOfOthers)
 TEST_F(StoreTest, WhatCannotBeEncryptedIsNotStored)
 {
     SimulatedPhone::instance().settings().setFile(m_file);
-    const QString group = QStringLiteral("Setup");
     const QString key = QStringLiteral("note");
     const QString open = QStringLiteral("for everybody");
     const QString secret = QStringLiteral("for nobody");
@@ -441,20 +424,16 @@ TEST_F(StoreTest, WhatCannotBeEncryptedIsNotStored)
 
 TEST_F(StoreTest, TwoThreadsUseTheStoreAtOnce)
 {
-    const auto nameOf = [](int thread) {
-        return SettingsStore::Name{4, QStringLiteral("Setup"), QString::number(thread)};
-    };
     std::array<int, 2> wrong = {};
     std::vector<std::thread> threads;
     for (int thread = 0; thread < 2; ++thread) {
         threads.emplace_back([&, thread] {
+            const QString key = QString::number(thread);
             for (int turn = 1; turn <= 60; ++turn) {
-                const int value = turn * 2 + thread;
-                const void *const collector =
-                    turn % 3 == 0 ? &wrong[static_cast<std::size_t>(thread)] : nullptr;
-                bool good = store.writeInteger(nameOf(thread), SettingsStore::Type::Int, value, collector);
-                good = good && (!collector || store.commit(collector));
-                good = good && store.readInteger(nameOf(thread), SettingsStore::Type::Int) == value;
+                SettingsAccess settings(store, 4, turn % 3 != 0);
+                int found = 0;
+                const bool good = settings.write(group, key, turn) && settings.flush()
+                    && settings.read(group, key, found, -1) && found == turn;
                 wrong[static_cast<std::size_t>(thread)] += good ? 0 : 1;
             }
         });
@@ -474,8 +453,8 @@ TEST_F(StoreTest, TheStoreCanBeUsedUntilTheProcessIsGone)
         std::atexit([] {
             SettingsAccess settings(*onTheWayOut, 4, true);
             int value = 0;
-            settings.read(QStringLiteral("Setup"), QStringLiteral("audibleTimer"), value, -1);
-            settings.write(QStringLiteral("Setup"), QStringLiteral("audibleTimer"), value + 1);
+            settings.read(group, timerKey, value, -1);
+            settings.write(group, timerKey, value + 1);
         });
         std::exit(0);
     }

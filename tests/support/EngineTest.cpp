@@ -27,7 +27,6 @@ EngineTest::EngineTest()
 {
     systemStatus = true;
     phone.reset();
-    phone.settings().limitPages(0);
     phone.settings().setFile(settingsFile());
     phone.setJournalEnabled(true);
     // The objects log when they are made; that belongs to no test.
@@ -94,7 +93,7 @@ std::set<std::string> EngineTest::locations()
 
 QString EngineTest::settingsFile() const
 {
-    return m_directory.filePath(QStringLiteral("settings.db"));
+    return m_directory.filePath(QStringLiteral("settings.cbor"));
 }
 
 std::string EngineTest::inAnotherProcess(const char *line) const

@@ -139,7 +139,7 @@ Outcome atEachLevel(const std::string &folder, int step)
 {
     Outcome outcome;
     long refused = 0;
-    const std::string file = folder + "/store/settings.db";
+    const std::string file = folder + "/store/settings.cbor";
     const std::string filler = folder + "/filler";
     const QString old(500, QLatin1Char('1'));
     const QString next(9000, QLatin1Char('2'));
@@ -158,15 +158,15 @@ Outcome atEachLevel(const std::string &folder, int step)
         outcome.check(single || errno == ENOSPC, "a refused write says that the disk is full");
         outcome.check(Fresh(file).text("a") == (single ? next : old), "what a single write answered");
 
-        bool collected = store.put("b", 2, &collector);
-        collected = store.put("c", next, &collector) && collected;
+        Collection collection(store);
+        bool collected = collection.put("b", 2);
+        collected = collection.put("c", next) && collected;
         outcome.check(collected || errno == ENOSPC, "a refused collected write says that the disk is full");
         // What a full collection still holds is taken up, so that the commit finds nothing free.
         if (collected)
             fill(folder + "/filler-of-the-rest");
-        outcome.check(!collected || store.commit(&collector),
-                      "a commit after collected writes answered true");
-        store.rollback(&collector);
+        outcome.check(!collected || collection.flush(), "a commit after collected writes answered true");
+        collection.discard();
         fs::remove(folder + "/filler-of-the-rest");
         outcome.check(Fresh(file).number("b") == (collected ? 2 : 1), "what a collected write answered");
         refused += (single ? 0 : 1) + (collected ? 0 : 1);
@@ -229,7 +229,7 @@ Outcome throughTheEngine(const std::string &disk, int step)
     const std::string filler = disk + "/filler";
     const QString old = QStringLiteral("5551234");
     const QString next(3000, QLatin1Char('2'));
-    Application application(disk + "/store/settings.db", outcome);
+    Application application(disk + "/store/settings.cbor", outcome);
     const auto start = [&] {
         fs::remove_all(disk + "/store");
         outcome.check(application.setAll(old), "a write with space enough");
@@ -261,7 +261,8 @@ Outcome throughTheEngine(const std::string &disk, int step)
             FailingDisk::failAt(call, ENOSPC, forGood);
             const bool all = application.setAll(next);
             calls = FailingDisk::repair();
-            outcome.check(application.hasAll(all ? next : old) || (forGood && application.hasAll(next)),
+            const bool isPerhaps = !all && FailingDisk::failedFunction() == "fsync";
+            outcome.check(application.hasAll(all ? next : old) || (isPerhaps && application.hasAll(next)),
                           "what a collection answered");
         }
     }
@@ -285,17 +286,17 @@ Outcome noInodes(const std::string &folder)
 {
     return onMemoryDisk(folder, "size=1m,nr_inodes=40,mode=700", [&] {
         Outcome outcome;
-        const std::string file = folder + "/settings.db";
+        const std::string file = folder + "/settings.cbor";
         Fresh store(file);
         outcome.check(store.put("a", 1), "the first write");
         const int files = fillWithFiles(folder);
-        for (const void *const owner :
-             {static_cast<const void *>(nullptr), static_cast<const void *>(&collector)}) {
+        for (const bool commitEachWrite : {true, false}) {
             errno = 0;
-            outcome.check(!store.put("a", 2, owner) && errno == ENOSPC, "no inode counts as a full disk");
+            const bool written = commitEachWrite ? store.put("a", 2) : Collection(store).put("a", 2);
+            outcome.check(!written && errno == ENOSPC, "no inode counts as a full disk");
             outcome.check(Fresh(file).number("a") == 1, "the old value stays");
         }
-        Fresh other(folder + "/other/settings.db");
+        Fresh other(folder + "/other/settings.cbor");
         outcome.check(!other.put("a", 2) && errno == ENOSPC,
                       "no inode for a first file counts as a full disk");
         removeFiles(folder, files);
@@ -308,18 +309,12 @@ Outcome coarseTimes(const std::string &folder)
 {
     return onLoopDisk(folder, [](const std::string &disk) {
         Outcome outcome;
-        const std::string file = disk + "/settings.db";
+        const std::string file = disk + "/settings.cbor";
         Fresh writer(file);
         Fresh reader(file);
         for (int value = 2; value <= 100; value += 2)
             outcome.check(writer.put("a", value - 1) && writer.put("a", value) && reader.number("a") == value,
                           "a version was not noticed");
-        const std::string contents[] = {bytesOf(file), writer.put("a", 99) ? bytesOf(file) : ""};
-        for (int round = 0; round < 20; ++round) {
-            std::ofstream(file, std::ios::binary) << contents[round % 2];
-            outcome.check(reader.number("a") == (round % 2 == 0 ? 100 : 99),
-                          "a write in place was not noticed");
-        }
         return outcome;
     });
 }

@@ -1,7 +1,7 @@
 // What the parts of the torture have in common.
 #pragma once
 
-#include "SettingsStore.h"
+#include "SettingsAccess.h"
 
 #include <QString>
 
@@ -16,26 +16,39 @@
 
 namespace Torture {
 
-inline constexpr int collector = 0; // its address stands for a collecting object
-
-inline SettingsStore::Name name(const char *key)
-{
-    return {4, QStringLiteral("Setup"), QString::fromLatin1(key)};
-}
+inline constexpr unsigned int application = 4;
+inline const QString group = QStringLiteral("Setup");
 
 /** A store as a process that has just started has it. */
 struct Fresh : SettingsStore {
     explicit Fresh(const std::string &file) { setFile(QString::fromStdString(file)); }
 
-    int number(const char *key) { return readInteger(name(key), Type::Int).value_or(-1); }
-    QString text(const char *key) { return readText(name(key)).value_or(QString()); }
-    bool put(const char *key, int value, const void *owner = nullptr)
+    int number(const char *key) { return valueOf<int>(key, -1); }
+    QString text(const char *key) { return valueOf<QString>(key, QString()); }
+    bool put(const char *key, const Value &value)
     {
-        return writeInteger(name(key), Type::Int, value, owner);
+        return write({application, group, QString::fromLatin1(key)}, value);
     }
-    bool put(const char *key, const QString &value, const void *owner = nullptr)
+
+private:
+    template <typename Type>
+    Type valueOf(const char *key, const Type &defaultValue)
     {
-        return writeText(name(key), value, owner);
+        Type value = {};
+        SettingsAccess(*this, application, true).read(group, QString::fromLatin1(key), value, defaultValue);
+        return value;
+    }
+};
+
+struct Collection : SettingsAccess {
+    explicit Collection(SettingsStore &store)
+        : SettingsAccess(store, application, false)
+    {
+    }
+
+    bool put(const char *key, const SettingsStore::Value &value)
+    {
+        return write(group, QString::fromLatin1(key), value);
     }
 };
 

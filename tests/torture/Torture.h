@@ -21,7 +21,7 @@ struct Outcome {
 /** Writers are killed at any moment: what was answered with true is there, a collection as a whole or not at all. */
 Outcome killedWriters(const std::string &folder, int rounds);
 
-/** Writers are stopped at any moment: reads go on as ever, writes are answered in time. */
+/** Writers are stopped at any moment: reads go on as ever, writes are answered. */
 Outcome stoppedWriters(const std::string &folder, int rounds);
 
 /** Small file systems of their own, in @p folder, at many levels of fill. */
@@ -33,10 +33,7 @@ Outcome noInodes(const std::string &folder);
 /** The same through the engine: false, and the signal flashFull() once for each. */
 Outcome signalsOfFullDisks(const std::string &folder, int step);
 
-/**
- * Versions of the same size, sooner after each other than the file system can tell; every other one is read. Then
- * another program writes the file in place as often.
- */
+/** Versions of the same size, sooner after each other than the file system can tell; every other one is read. */
 Outcome coarseTimes(const std::string &folder);
 
 /** Each call to the system fails once, and from then on, with each of several errors. */
@@ -44,6 +41,9 @@ Outcome failingDisk(const std::string &folder);
 
 /** Files with flipped, missing, zeroed and added bytes. */
 Outcome damagedFiles(const std::string &folder, int files);
+
+/** One bit after another flips in the file: no wrong value is read, and nothing is written over it. */
+Outcome flippedBits(const std::string &folder, int step);
 
 /** Pipes, folders, links and files of others in the file's place. */
 Outcome oddFiles(const std::string &folder);

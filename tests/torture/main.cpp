@@ -80,10 +80,11 @@ void torture(const std::string &folder, double effort)
     show("each call to the system fails, with four errors", Torture::failingDisk(folder));
     show("versions within a second, where seconds are counted", Torture::coarseTimes(folder));
     show("damaged files", Torture::damagedFiles(folder, times(3000)));
+    show("bits flipped in place", Torture::flippedBits(folder, step(1)));
     show("pipes, folders, links and devices in the file's place", Torture::oddFiles(folder));
 
     PHONE_ENG_Setup &engine = *PHONE_ENG_Setup::instance();
-    SimulatedPhone::instance().settings().setFile(QString::fromStdString(folder + "/crowd.db"));
+    SimulatedPhone::instance().settings().setFile(QString::fromStdString(folder + "/crowd.cbor"));
     // The default is true, so false says that the stored value was read.
     const auto read = [&engine] { return !engine.isReminder(); };
     const auto write = [&engine](int turn) { return engine.setAudibleTimer(turn); };
