@@ -215,7 +215,8 @@ Fault Replacement::write(const QByteArray &bytes, const Version &base, Version &
     const auto now = std::chrono::system_clock::now().time_since_epoch() / std::chrono::microseconds(1);
     std::int64_t time = std::max<std::int64_t>(now, base.modified + 1);
     do { // some file systems keep whole seconds only, or every second one
-        const timespec times[] = {{0, UTIME_OMIT}, {time / second, time % second * 1000}};
+        const timespec times[] = {
+            {0, UTIME_OMIT}, {static_cast<time_t>(time / second), static_cast<long>(time % second * 1000)}};
         struct stat status = {};
         if (futimens(file, times) != 0 || fstat(file, &status) != 0)
             return unwritable();
