@@ -7,6 +7,13 @@
 #include <QQmlEngine>
 #include <QtQuickTest>
 
+namespace {
+
+/** What tests wait for takes longer only when it hangs, in milliseconds. */
+constexpr int patience = 60'000;
+
+} // namespace
+
 class Setup : public QObject {
     Q_OBJECT
 
@@ -21,6 +28,7 @@ public Q_SLOTS:
     {
         engine->addImportPath(QStringLiteral(KVQ_QML_DIR));
         engine->rootContext()->setContextProperty(QStringLiteral("desk"), &m_desk);
+        engine->rootContext()->setContextProperty(QStringLiteral("hang"), patience);
     }
 
 private:

@@ -21,7 +21,7 @@ TestCase {
     /** An item that has read its values. */
     function read(component) {
         const item = createTemporaryObject(component, test)
-        tryCompare(item, "busy", false)
+        tryCompare(item, "busy", false, hang)
         compare(item.stale, false)
         return item
     }
@@ -38,7 +38,7 @@ TestCase {
     function test_settings(data) {
         const before = read(waitingComponent)
         before.enabled.value = true
-        tryCompare(before, "busy", false)
+        tryCompare(before, "busy", false, hang)
         before.destroy()
         if (data.times > 0)
             desk.answer("TAPI_CS_GetVoiceWaitingStatus", data.answer, data.times)
@@ -47,13 +47,13 @@ TestCase {
         compare([item.enabled.value, item.enabled.known, item.enabled.stale, item.stale], [true, true, true, true])
         compare([item.enabled.busy, item.busy], [true, true])
         desk.letGo()
-        tryCompare(item, "busy", false)
+        tryCompare(item, "busy", false, hang)
         compare([item.enabled.value, item.enabled.known, item.enabled.stale, item.stale],
                 [data.value, data.known, data.stale, data.stale])
         const later = createTemporaryObject(waitingComponent, test)
         compare([later.enabled.known, later.enabled.stale], [data.known, data.known])
         later.enabled.value = false
-        tryCompare(later, "busy", false)
+        tryCompare(later, "busy", false, hang)
         compare([later.enabled.value, later.enabled.stale], [false, false])
         if (data.known)
             compare([item.enabled.value, item.enabled.stale], [false, false]) // heard of it
@@ -62,11 +62,11 @@ TestCase {
     function test_forwardingByServiceClass() {
         const before = read(forwardingComponent)
         before.noReply.activate("555", 10)
-        tryCompare(before, "busy", false)
+        tryCompare(before, "busy", false, hang)
         before.serviceClass = CallForwarding.Fax
-        tryCompare(before, "busy", false)
+        tryCompare(before, "busy", false, hang)
         before.whenBusy.activate("666")
-        tryCompare(before, "busy", false)
+        tryCompare(before, "busy", false, hang)
         before.destroy()
         desk.hold("TAPI_CS_GetDivertStatus")
         const item = createTemporaryObject(forwardingComponent, test)
@@ -74,10 +74,10 @@ TestCase {
         item.serviceClass = CallForwarding.Fax
         compare([item.noReply.number, item.whenBusy.number, item.whenBusy.stale], ["", "666", true])
         desk.letGo()
-        tryCompare(item, "busy", false)
+        tryCompare(item, "busy", false, hang)
         compare(item.stale, false)
         item.serviceClass = CallForwarding.Voice
-        tryCompare(item, "busy", false)
+        tryCompare(item, "busy", false, hang)
         compare([item.noReply.number, item.noReply.noReplyTime], ["555", 10]) // the network does not tell the time
     }
 
@@ -90,7 +90,7 @@ TestCase {
     function test_lists(data) {
         const before = read(numbersComponent)
         before.setNumber(3, "0123", "new")
-        tryCompare(before, "busy", false)
+        tryCompare(before, "busy", false, hang)
         before.destroy()
         if (data.times > 0)
             desk.answer("TAPI_OWNNUMBER_GetEntry", data.answer, data.times)
@@ -100,12 +100,12 @@ TestCase {
         compare([item.count, item.stale, item.busy, item.maxNameLength > 0], [4, true, true, true])
         compare(numberOf(item), "0123") // as it was changed, not as it was read
         desk.letGo()
-        tryCompare(item, "busy", false)
+        tryCompare(item, "busy", false, hang)
         compare([item.count, item.stale, item.maxNameLength > 0], [data.count, data.stale, data.count > 0])
         const later = createTemporaryObject(numbersComponent, test)
         compare([later.count, later.stale, numberOf(later)],
                 [data.count, data.count > 0, data.count > 0 ? "0123" : undefined])
-        tryCompare(later, "busy", false)
+        tryCompare(later, "busy", false, hang)
         compare([later.count, later.stale, numberOf(later)], [4, false, "0123"])
     }
 
@@ -116,6 +116,6 @@ TestCase {
         const item = createTemporaryObject(callsComponent, test)
         compare([item.count, item.stale], [0, false])
         desk.letGo()
-        tryCompare(item, "count", 1)
+        tryCompare(item, "count", 1, hang)
     }
 }

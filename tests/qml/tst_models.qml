@@ -40,7 +40,7 @@ TestCase {
 
     function load(item) {
         item.refresh()
-        tryCompare(item, "busy", false)
+        tryCompare(item, "busy", false, hang)
     }
 
     function init() {
@@ -65,7 +65,7 @@ TestCase {
         reset.clear()
         const request = data.change()
         compare(column(preferred, "networkId"), data.result) // at once
-        tryCompare(request, "state", CallSetup.Ready)
+        tryCompare(request, "state", CallSetup.Ready, hang)
         compare(column(preferred, "networkId"), data.result)
         load(preferred)
         compare(column(preferred, "networkId"), data.result) // and on the SIM
@@ -80,7 +80,7 @@ TestCase {
         compare(moved.count, 1)
         preferred.move(0, 1) // before the first one is answered
         compare(column(preferred, "networkId"), ["00101", "00103", "00102"])
-        tryCompare(preferred, "busy", false)
+        tryCompare(preferred, "busy", false, hang)
         compare(column(preferred, "networkId"), ["00101", "00103", "00102"])
     }
 
@@ -102,7 +102,7 @@ TestCase {
         meddler.enabled = true
         preferred.insert(0, "26202")
         compare(column(preferred, "networkId"), ["00102"])
-        tryCompare(preferred, "busy", false)
+        tryCompare(preferred, "busy", false, hang)
         compare(column(preferred, "networkId"), ["00102"])
     }
 
@@ -117,7 +117,7 @@ TestCase {
         load(preferred)
         desk.answer(data.failing, 0x8000, 1)
         const request = data.change()
-        tryCompare(request, "state", CallSetup.Failed)
+        tryCompare(request, "state", CallSetup.Failed, hang)
         compare(preferred.state, CallSetup.Failed)
         compare(column(preferred, "networkId"), ["00101", "00102", "00103"])
         load(preferred)
@@ -130,7 +130,7 @@ TestCase {
         compare(column(speedDial, "slot"), [1, 2, 3, 4, 5, 6, 7, 8, 9])
         speedDial.setNumber(2, "123@office")
         compare(column(speedDial, "dialled")[1], "123")
-        tryCompare(speedDial, "busy", false)
+        tryCompare(speedDial, "busy", false, hang)
         load(speedDial)
         compare(column(speedDial, "number")[1], "123@office")
         compare(column(speedDial, "dialled")[1], "123")
@@ -139,11 +139,11 @@ TestCase {
         desk.answer("SETUP_SET_Manager::setSettingInfo", 0, 1, 28)
         const request = speedDial.setNumber(2, "456")
         compare(column(speedDial, "number")[1], "456")
-        tryCompare(request, "result", CallSetup.DiskFull)
+        tryCompare(request, "result", CallSetup.DiskFull, hang)
         compare(column(speedDial, "number")[1], "123@office")
         for (const slot of [0, 10]) {
-            tryCompare(speedDial.setNumber(slot, "1"), "result", CallSetup.InvalidParameter)
-            tryCompare(speedDial.setLocation(slot, SpeedDial.OnSim), "result", CallSetup.InvalidParameter)
+            tryCompare(speedDial.setNumber(slot, "1"), "result", CallSetup.InvalidParameter, hang)
+            tryCompare(speedDial.setLocation(slot, SpeedDial.OnSim), "result", CallSetup.InvalidParameter, hang)
         }
 
         speedDial.setNumbers(["1", "2@home"])
@@ -152,7 +152,7 @@ TestCase {
             compare(column(speedDial, "number"), ["1", "2@home", "", "", "", "", "", "", ""], look)
             compare(column(speedDial, "dialled").slice(0, 3), ["1", "2", ""], look)
             compare(column(speedDial, "location")[8], SpeedDial.OnSim, look)
-            tryCompare(speedDial, "busy", false)
+            tryCompare(speedDial, "busy", false, hang)
             if (look === "when it is taken")
                 load(speedDial)
         }
@@ -163,8 +163,8 @@ TestCase {
         compare(numbers.count, 4)
         verify(numbers.maxNumberLength > 0)
         compare(column(numbers, "name"), ["Line 1", "Line 2", "", ""])
-        tryCompare(numbers.setNumber(3, "0123", "Zürich"), "state", CallSetup.Ready)
-        tryCompare(numbers.removeNumber(1), "state", CallSetup.Ready)
+        tryCompare(numbers.setNumber(3, "0123", "Zürich"), "state", CallSetup.Ready, hang)
+        tryCompare(numbers.removeNumber(1), "state", CallSetup.Ready, hang)
         load(numbers)
         compare(column(numbers, "name"), ["", "Line 2", "Zürich", ""])
         compare(column(numbers, "number"), ["", "+491707654321", "0123", ""])
@@ -179,7 +179,7 @@ TestCase {
         compare(identity.dspVersion.value, "DSP-3.1")
         compare(lines.current.value, 1)
         lines.current.value = 3
-        tryCompare(lines.current, "result", CallSetup.InvalidParameter)
+        tryCompare(lines.current, "result", CallSetup.InvalidParameter, hang)
         compare(lines.current.value, 1)
     }
 
@@ -189,32 +189,32 @@ TestCase {
         compare(networks.searchMode.value, NetworkSelection.Automatic)
         desk.answer("TAPI_NETWORK_GetServiceProviderName", 0x8000, 1)
         networks.serviceProvider.refresh()
-        tryCompare(networks.serviceProvider, "state", CallSetup.Failed)
+        tryCompare(networks.serviceProvider, "state", CallSetup.Failed, hang)
         networks.serviceProvider.refresh()
-        tryCompare(networks.serviceProvider, "state", CallSetup.Ready)
+        tryCompare(networks.serviceProvider, "state", CallSetup.Ready, hang)
         const search = networks.search()
         compare(networks.searching, true)
-        tryCompare(search, "state", CallSetup.Ready)
+        tryCompare(search, "state", CallSetup.Ready, hang)
         compare(networks.searching, false)
         compare(column(networks, "networkId"), ["00101", "00102", "00103"])
         compare(column(networks, "status"),
                 [NetworkSelection.Registered, NetworkSelection.Available, NetworkSelection.Forbidden])
         compare(column(networks, "home"), [true, false, false])
-        tryCompare(networks.registerOn("00103"), "state", CallSetup.Failed)
-        tryCompare(networks.registerOn("00102"), "state", CallSetup.Ready)
+        tryCompare(networks.registerOn("00103"), "state", CallSetup.Failed, hang)
+        tryCompare(networks.registerOn("00102"), "state", CallSetup.Ready, hang)
         compare(column(networks, "status")[1], NetworkSelection.Registered)
     }
 
     function test_aWaitingSearchIsCancelled() {
         desk.hold("TAPI_ACCE_GetImei")
         identity.refresh()
-        tryVerify(() => desk.isHeld())
+        tryVerify(() => desk.isHeld(), hang)
         const search = networks.search()
         networks.cancelSearch()
         compare(search.result, CallSetup.Cancelled)
         compare(networks.searching, false)
         desk.letGo()
-        tryCompare(CallSetup, "busy", false)
+        tryCompare(CallSetup, "busy", false, hang)
         compare(desk.calls("TAPI_NETWORK_GetAvailableNetwork"), [])
     }
 
@@ -250,14 +250,14 @@ TestCase {
         learnt.clear()
         compare(allFeatures.filter(feature => !features[feature]), []) // until it is known
         compare(features.ready, false)
-        tryCompare(features, "ready", true)
+        tryCompare(features, "ready", true, hang)
         compare(allFeatures.filter(feature => !features[feature]).sort(), data.lacking)
         compare(learnt.count, 1)
     }
 
     function test_whatTheNetworkOffersIsLearntFromItems() {
         const features = createTemporaryObject(featuresComponent, test)
-        tryCompare(features, "ready", true)
+        tryCompare(features, "ready", true, hang)
         compare(desk.calls("TAPI_CS_GetDivertStatus"), []) // a start asks the network for nothing
         desk.answer("TAPI_CS_GetDivertStatus", CallSetup.NotSupported)
         desk.answer("TAPI_FTRDB_GetState", 0x8000)

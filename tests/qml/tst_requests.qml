@@ -26,13 +26,13 @@ TestCase {
         desk.reset()
         for (const item of [calls, fixedDialling, callerId, lines]) {
             item.refresh()
-            tryCompare(item, "busy", false)
+            tryCompare(item, "busy", false, hang)
         }
     }
 
     function done(request) {
-        tryVerify(() => !request.busy)
-        tryCompare(calls, "busy", false)
+        tryVerify(() => !request.busy, hang)
+        tryCompare(calls, "busy", false, hang)
         return request.result
     }
 
@@ -58,7 +58,7 @@ TestCase {
         compare(states(), [Calls.Held, Calls.Active])
         desk.forgetWhoCalled(second) // as platforms do that know it only while a call rings
         calls.refresh()
-        tryCompare(calls, "busy", false)
+        tryCompare(calls, "busy", false, hang)
         compare([0, 1].map(row => calls.data(calls.index(row, 0), Qt.UserRole + 3)), [false, true])
         compare(calls.canSwap, true)
         compare(done(calls.swap()), CallSetup.Success)
@@ -87,22 +87,22 @@ TestCase {
     function test_hangUpFitsTheCall(data) {
         data.make()
         calls.refresh()
-        tryCompare(calls, "busy", false)
+        tryCompare(calls, "busy", false, hang)
         compare(calls.count, 1)
         desk.forgetCalls()
         const request = calls.hangUp(1)
-        tryCompare(request, "state", CallSetup.Ready)
+        tryCompare(request, "state", CallSetup.Ready, hang)
         compare(desk.calls(data.call).length, 1)
     }
 
     function test_aLostLinkIsOpenedAgain() {
         desk.answer("TAPI_CS_GetVoiceWaitingStatus", CallSetup.LinkLost, 1)
         waiting.refresh()
-        tryCompare(waiting, "result", CallSetup.LinkLost)
+        tryCompare(waiting, "result", CallSetup.LinkLost, hang)
         compare([CallSetup.connected, CallSetup.connectionResult], [false, CallSetup.LinkLost])
         compare(CallSetup.connectionError, CallSetup.resultText(CallSetup.LinkLost))
         CallSetup.connectTelephony()
-        tryCompare(CallSetup, "connected", true)
+        tryCompare(CallSetup, "connected", true, hang)
         compare([CallSetup.connectionResult, CallSetup.connectionError], [CallSetup.Success, ""])
     }
 
@@ -114,10 +114,10 @@ TestCase {
     function test_mute() {
         compare(calls.muted.known, false)
         calls.muted.value = true
-        tryCompare(calls.muted, "known", true)
+        tryCompare(calls.muted, "known", true, hang)
         desk.answer("TAPI_VOICE_MuteCall", 0x8000)
         calls.muted.value = false
-        tryCompare(calls.muted, "state", CallSetup.Failed)
+        tryCompare(calls.muted, "state", CallSetup.Failed, hang)
         compare(calls.muted.value, true)
     }
 
@@ -128,19 +128,19 @@ TestCase {
         added.clear()
         removed.clear()
         const id = desk.ring("0800")
-        tryCompare(added, "count", 1)
+        tryCompare(added, "count", 1, hang)
         compare(Array.from(added.signalArguments[0]), [id, "0800", true])
         desk.endCall(id)
-        tryCompare(removed, "count", 1)
+        tryCompare(removed, "count", 1, hang)
 
         // Readings do not pile up behind one that takes long.
         desk.hold("TAPI_CALL_GetAllCallSessions")
-        tryVerify(() => desk.isHeld())
+        tryVerify(() => desk.isHeld(), hang)
         wait(300)
         verify(CallSetup.requestsInFlight <= 1, CallSetup.requestsInFlight)
         desk.letGo()
         watcher.watching = false
-        tryCompare(watcher, "busy", false)
+        tryCompare(watcher, "busy", false, hang)
         desk.forgetCalls()
         wait(150)
         compare(desk.calls("TAPI_CALL_GetAllCallSessions"), [])
@@ -159,7 +159,7 @@ TestCase {
                                                 autoRefresh: false })
         added.target = watcher
         added.clear()
-        tryCompare(watcher, "busy", false)
+        tryCompare(watcher, "busy", false, hang)
         const id = desk.ring("0800")
         if (!data.looks) {
             wait(200)
@@ -167,9 +167,9 @@ TestCase {
             watcher.visible = true
             watcher.active = true // looks at once
         }
-        tryCompare(added, "count", 1)
+        tryCompare(added, "count", 1, hang)
         watcher.visible = false
-        tryVerify(() => CallSetup.requestsInFlight === 0)
+        tryVerify(() => CallSetup.requestsInFlight === 0, hang)
         desk.forgetCalls()
         desk.endCall(id)
         wait(200)
@@ -191,11 +191,11 @@ TestCase {
         const id = desk.ring("222")
         calls.refresh()
         preferred.refresh()
-        tryCompare(CallSetup, "busy", false)
+        tryCompare(CallSetup, "busy", false, hang)
         desk.forgetCalls()
         desk.hold(data.hold)
         data.ask()
-        tryVerify(() => desk.isHeld())
+        tryVerify(() => desk.isHeld(), hang)
         pins.refresh()
         lines.refresh()
         callerId.nextCall.value = CallerId.Invoke // the call must find it set
@@ -204,7 +204,7 @@ TestCase {
         calls.refresh()
         calls.dial("111")
         desk.letGo()
-        tryCompare(CallSetup, "busy", false)
+        tryCompare(CallSetup, "busy", false, hang)
         const order = desk.order()
         const first = order.indexOf(data.hold)
         const control = ["TAPI_CS_SetRestrictNextCallID", "TAPI_CS_SelectLine", "TAPI_VOICE_AnswerCall",
@@ -212,14 +212,15 @@ TestCase {
         compare(order.slice(first + 1).filter(name => control.includes(name)), control)
         const reads = ["TAPI_SECURITY_GetPin1Status", "TAPI_CS_GetLine", "TAPI_NETWORK_GetSearchMode"]
         for (const read of reads)
-            verify(order.indexOf(read, first) === -1 || order.indexOf(read, first) > order.indexOf("TAPI_VOICE_MakeCall"), read)
+            verify(order.indexOf(read, first) === -1
+                   || order.indexOf(read, first) > order.indexOf("TAPI_VOICE_MakeCall"), read)
         verify(order.lastIndexOf(data.hold) === first || order.lastIndexOf(data.hold) > order.indexOf("TAPI_VOICE_MakeCall"))
     }
 
     function test_aWaitingRequestIsCancelled() {
         desk.hold("TAPI_CS_GetVoiceWaitingStatus")
         waiting.refresh()
-        tryVerify(() => desk.isHeld())
+        tryVerify(() => desk.isHeld(), hang)
         const request = calls.dial("111")
         finished.target = request
         finished.clear()
@@ -229,7 +230,7 @@ TestCase {
         compare(finished.count, 1)
         compare(request.cancel(), false)
         desk.letGo()
-        tryCompare(CallSetup, "busy", false)
+        tryCompare(CallSetup, "busy", false, hang)
         compare(finished.count, 1)
         compare(desk.calls("TAPI_VOICE_MakeCall"), [])
     }
@@ -255,12 +256,12 @@ TestCase {
 
     function test_pins(data) {
         const request = data.make()
-        tryVerify(() => !request.busy)
+        tryVerify(() => !request.busy, hang)
         compare(request.result, data.result)
         verify(data.words.test(request.error), request.error)
         compare(request.value, undefined)
-        tryCompare(CallSetup, "busy", false)
-        tryCompare(fixedDialling.enabled, "value", data.tag === "fixed dialling")
+        tryCompare(CallSetup, "busy", false, hang)
+        tryCompare(fixedDialling.enabled, "value", data.tag === "fixed dialling", hang)
     }
 
     function test_serviceCodes_data() {
@@ -304,7 +305,7 @@ TestCase {
         desk.forgetCalls()
         verify(codes.isCode(data.typed))
         const request = codes.run(data.typed)
-        tryVerify(() => !request.busy)
+        tryVerify(() => !request.busy, hang)
         compare(request.result, data.result)
         for (const detail in data.value)
             compare(request.value[detail], data.value[detail], detail)
@@ -344,23 +345,23 @@ TestCase {
         const results = []
         for (let attempt = 0; attempt < 3; ++attempt)
             results.push(pins.verify(SimPins.Pin2, "0"))
-        tryVerify(() => results.every(request => !request.busy))
+        tryVerify(() => results.every(request => !request.busy), hang)
         compare(results.map(request => request.result),
                 [CallSetup.PinRejected, CallSetup.PinRejected, CallSetup.PinBlocked])
         verify(/blocked/.test(results[2].error))
-        tryCompare(pins.pin2Status, "value", SimPins.Blocked)
-        tryCompare(pins, "busy", false)
+        tryCompare(pins.pin2Status, "value", SimPins.Blocked, hang)
+        tryCompare(pins, "busy", false, hang)
     }
 
     function test_aSimThatDoesNotAnswerIsNotSaidToAskForNoPin() {
         desk.answer("TAPI_SECURITY_GetPin1Status", CallSetup.SimUnavailable)
         desk.answer("TAPI_SECURITY_GetAnyPinStatus", CallSetup.SimUnavailable)
         pins.pinRequested.refresh()
-        tryCompare(pins.pinRequested, "state", CallSetup.Failed)
+        tryCompare(pins.pinRequested, "state", CallSetup.Failed, hang)
         compare(pins.pinRequested.result, CallSetup.SimUnavailable)
         desk.answer("TAPI_SECURITY_GetAnyPinStatus", CallSetup.NotSupported)
         pins.pinRequested.refresh()
-        tryCompare(pins.pinRequested, "state", CallSetup.Ready)
+        tryCompare(pins.pinRequested, "state", CallSetup.Ready, hang)
         compare(pins.pinRequested.value, false)
     }
 

@@ -19,7 +19,7 @@ TestCase {
         desk.reset()
         networks.searchLimit = 3600000
         networks.refresh()
-        tryCompare(networks, "busy", false)
+        tryCompare(networks, "busy", false, hang)
         changes.clear()
     }
 
@@ -28,7 +28,7 @@ TestCase {
         desk.answer(begin, CallSetup.Success, 1)
         const request = networks.search()
         compare(networks.searching, true)
-        tryCompare(request, "state", CallSetup.Ready)
+        tryCompare(request, "state", CallSetup.Ready, hang)
     }
 
     // By name: the platform shows in the last one that its searches end with their request.
@@ -36,15 +36,15 @@ TestCase {
         beginSearch()
         desk.forgetCalls()
         let looks = 0
-        tryVerify(() => (looks += desk.calls(look).length) > 1)
+        tryVerify(() => (looks += desk.calls(look).length) > 1, hang)
         compare([networks.searching, networks.count, networks.busy], [true, 0, false])
         const other = createTemporaryObject(networksComponent, test)
         compare(other.searching, true) // as a page that is opened meanwhile
-        tryCompare(other, "busy", false)
+        tryCompare(other, "busy", false, hang)
         desk.findNetworks(["00101", "00102"])
-        tryCompare(networks, "searching", false)
-        tryCompare(other, "count", 2)
-        tryCompare(networks, "count", 2)
+        tryCompare(networks, "searching", false, hang)
+        tryCompare(other, "count", 2, hang)
+        tryCompare(networks, "count", 2, hang)
         desk.forgetCalls()
         wait(200)
         compare(desk.calls(look), [])
@@ -53,7 +53,7 @@ TestCase {
     function test_2_theLimitEndsIt() {
         networks.searchLimit = 100
         beginSearch()
-        tryCompare(networks, "searching", false)
+        tryCompare(networks, "searching", false, hang)
         compare(networks.count, 0)
     }
 
@@ -61,12 +61,12 @@ TestCase {
         beginSearch()
         desk.answer(end, CallSetup.Refused, 1)
         networks.cancelSearch()
-        tryCompare(networks, "result", CallSetup.Refused)
+        tryCompare(networks, "result", CallSetup.Refused, hang)
         compare(networks.searching, true) // the modem goes on looking
         networks.cancelSearch()
-        tryCompare(networks, "searching", false)
+        tryCompare(networks, "searching", false, hang)
         desk.answer(begin, CallSetup.Refused, 1)
-        tryCompare(networks.search(), "state", CallSetup.Failed)
+        tryCompare(networks.search(), "state", CallSetup.Failed, hang)
         compare(networks.searching, false)
         desk.forgetCalls()
         networks.cancelSearch() // there is none
@@ -75,7 +75,7 @@ TestCase {
 
     function test_4_aSearchThatEndsWithItsRequest() {
         for (let search = 0; search < 2; ++search) {
-            tryCompare(networks.search(), "state", CallSetup.Ready)
+            tryCompare(networks.search(), "state", CallSetup.Ready, hang)
             compare([networks.searching, networks.count], [false, 3])
         }
     }

@@ -28,7 +28,7 @@ TestCase {
         desk.reset()
         for (const item of [preferences, others, waiting, forwarding, costs, video]) {
             item.refresh()
-            tryCompare(item, "busy", false)
+            tryCompare(item, "busy", false, hang)
         }
         desk.forgetCalls()
         for (const spy of [shown, confirmed, takenBack, full, fullAnywhere])
@@ -44,7 +44,7 @@ TestCase {
         compare(item.current.value, 0)
         compare([item.current.known, item.current.stale, item.stale], [false, false, false])
         compare(item.state, CallSetup.Busy)
-        tryCompare(item, "state", CallSetup.Ready)
+        tryCompare(item, "state", CallSetup.Ready, hang)
         compare(item.current.value, 1)
         compare([item.current.known, item.current.stale, item.stale], [true, false, false])
         compare(preferences.reminder.value, true) // its default
@@ -56,11 +56,11 @@ TestCase {
         preferences.roamingAlert.value = true
         compare(preferences.roamingAlert.value, true)
         compare(preferences.roamingAlert.state, CallSetup.Busy)
-        tryCompare(confirmed, "count", 1)
+        tryCompare(confirmed, "count", 1, hang)
         compare(preferences.roamingAlert.state, CallSetup.Ready)
         compare(writes(), ["true"])
         preferences.roamingAlert.refresh()
-        tryCompare(preferences.roamingAlert, "busy", false)
+        tryCompare(preferences.roamingAlert, "busy", false, hang)
         compare(preferences.roamingAlert.value, true)
         preferences.roamingAlert.value = true // nothing to write
         compare(preferences.roamingAlert.busy, false)
@@ -79,9 +79,9 @@ TestCase {
         preferences.roamingAlert.value = true
         preferences.roamingAlert.value = false
         compare(preferences.roamingAlert.value, false)
-        tryVerify(() => desk.isHeld())
+        tryVerify(() => desk.isHeld(), hang)
         desk.letGo()
-        tryCompare(preferences.roamingAlert, "busy", false)
+        tryCompare(preferences.roamingAlert, "busy", false, hang)
         compare(writes(), ["true", "false"])
         compare(preferences.roamingAlert.value, data.value)
         compare(shown.count, data.shown)
@@ -93,16 +93,16 @@ TestCase {
         desk.hold(storeWrite)
         preferences.audibleTimer.value = 10
         preferences.audibleTimer.value = 20
-        tryVerify(() => desk.isHeld())
+        tryVerify(() => desk.isHeld(), hang)
         preferences.audibleTimer.value = 30
         desk.answer(storeWrite, 0, 1) // the one that runs
         desk.letGo()
-        tryCompare(preferences.audibleTimer, "state", CallSetup.Ready)
+        tryCompare(preferences.audibleTimer, "state", CallSetup.Ready, hang)
         compare(preferences.audibleTimer.value, 30)
 
         desk.answer(storeWrite, 0, 1)
         preferences.audibleTimer.value = 40
-        tryCompare(preferences.audibleTimer, "state", CallSetup.Failed)
+        tryCompare(preferences.audibleTimer, "state", CallSetup.Failed, hang)
         compare(preferences.audibleTimer.value, 30)
     }
 
@@ -125,18 +125,18 @@ TestCase {
         desk.answer(data.name, data.answer, 1, data.error)
         data.setting.value = !before
         compare(data.setting.value, !before)
-        tryCompare(data.setting, "state", CallSetup.Failed)
+        tryCompare(data.setting, "state", CallSetup.Failed, hang)
         compare(data.setting.value, before)
         compare(data.setting.result, data.result)
         verify(data.words.test(data.setting.error), data.setting.error)
         compare(data.setting.advice, CallSetup.resultAdvice(data.result))
         compare(data.setting.available, true)
         for (const spy of [full, fullAnywhere])
-            tryCompare(spy, "count", data.error === 28 ? 1 : 0)
+            tryCompare(spy, "count", data.error === 28 ? 1 : 0, hang)
         compare([CallSetup.connected, CallSetup.connectionResult], [true, CallSetup.Success])
 
         data.setting.retry() // what was taken back
-        tryCompare(data.setting, "state", CallSetup.Ready)
+        tryCompare(data.setting, "state", CallSetup.Ready, hang)
         compare(data.setting.value, !before)
         compare([data.setting.error, data.setting.advice], ["", ""])
     }
@@ -167,16 +167,16 @@ TestCase {
         desk.answer(data.failing, data.failing === storeWrite ? 0 : CallSetup.Refused, 2)
         data.write(data.setting)
         for (let refusals = 1; refusals <= 2; ++refusals) {
-            tryCompare(refused, "count", refusals)
+            tryCompare(refused, "count", refusals, hang)
             compare(data.shown(data.setting), before)
             data.setting.retry()
             compare(data.shown(data.setting), data.value)
         }
-        tryCompare(data.setting, "state", CallSetup.Ready)
+        tryCompare(data.setting, "state", CallSetup.Ready, hang)
         compare(data.shown(data.setting), data.value)
         desk.forgetCalls()
         data.setting.retry() // nothing is taken back any more, so it reads
-        tryCompare(data.setting, "busy", false)
+        tryCompare(data.setting, "busy", false, hang)
         compare(desk.calls(data.failing), [])
         compare(data.shown(data.setting), data.value)
     }
@@ -185,7 +185,7 @@ TestCase {
         desk.lackFeature(266)
         desk.answer("TAPI_CS_GetAutoRedialStatus", CallSetup.NotSupported)
         preferences.refresh()
-        tryCompare(preferences, "busy", false)
+        tryCompare(preferences, "busy", false, hang)
         compare(preferences.hyphenation.available, false)
         compare(preferences.autoRedial.available, false)
         compare(preferences.state, CallSetup.Ready) // a lack is no failure of the rest
@@ -193,7 +193,7 @@ TestCase {
 
         desk.answer("TAPI_CS_GetVoiceWaitingStatus", CallSetup.NotSupported)
         waiting.refresh()
-        tryCompare(waiting, "available", false)
+        tryCompare(waiting, "available", false, hang)
     }
 
     function test_aReadOnlySettingRefusesWrites() {
@@ -206,7 +206,7 @@ TestCase {
     function test_aWaitingWriteIsCancelled() {
         desk.hold("TAPI_CS_GetVoiceWaitingStatus")
         waiting.refresh()
-        tryVerify(() => desk.isHeld())
+        tryVerify(() => desk.isHeld(), hang)
         preferences.roamingAlert.value = true
         verify(preferences.roamingAlert.cancel())
         compare(preferences.roamingAlert.value, false)
@@ -214,7 +214,7 @@ TestCase {
         compare(takenBack.signalArguments[0][0], CallSetup.Cancelled)
         compare(waiting.enabled.cancel(), false) // it runs
         desk.letGo()
-        tryCompare(waiting, "busy", false)
+        tryCompare(waiting, "busy", false, hang)
         compare(waiting.state, CallSetup.Ready)
         compare(writes(), [])
     }
@@ -222,13 +222,13 @@ TestCase {
     function test_anItemMayGoWhileItWaits() {
         desk.hold("TAPI_CS_GetVoiceWaitingStatus")
         waiting.refresh()
-        tryVerify(() => desk.isHeld())
+        tryVerify(() => desk.isHeld(), hang)
         const item = preferencesComponent.createObject(test) // asks for its values
         item.roamingAlert.value = true
         item.destroy()
         wait(0)
         desk.letGo()
-        tryCompare(CallSetup, "busy", false)
+        tryCompare(CallSetup, "busy", false, hang)
         const calls = desk.calls(storeWrite)
         compare(calls.length, 1) // the write was made
         compare(desk.calls("SETUP_SET_Manager::getSettingInfo"), []) // no one is there to read for
@@ -236,20 +236,20 @@ TestCase {
 
     function test_anItemMayGoWhileItsRequestRuns() {
         const item = preferencesComponent.createObject(test)
-        tryCompare(item, "busy", false)
+        tryCompare(item, "busy", false, hang)
         desk.hold(storeWrite)
         item.roamingAlert.value = true
-        tryVerify(() => desk.isHeld())
+        tryVerify(() => desk.isHeld(), hang)
         item.destroy()
         wait(0)
         desk.letGo()
-        tryCompare(CallSetup, "busy", false)
+        tryCompare(CallSetup, "busy", false, hang)
         compare(writes(), ["true"])
     }
 
     function test_otherItemsHearOfAConfirmedValue() {
         preferences.roamingAlert.value = true
-        tryCompare(others.roamingAlert, "value", true)
+        tryCompare(others.roamingAlert, "value", true, hang)
         compare(others.flipAnswer.value, false)
     }
 
@@ -257,7 +257,7 @@ TestCase {
         forwarding.noReply.activate("555", 7)
         compare(forwarding.noReply.noReplyTime, 7)
         compare(forwarding.noReply.active, true)
-        tryCompare(forwarding.noReply, "busy", false)
+        tryCompare(forwarding.noReply, "busy", false, hang)
         compare(forwarding.noReply.noReplyTime, 20)
         compare(forwarding.noReply.number, "555")
     }
@@ -267,39 +267,39 @@ TestCase {
         forwarding.serviceClass = CallForwarding.Fax // while the request is in flight
         compare(forwarding.whenBusy.known, false)
         forwarding.refresh()
-        tryCompare(forwarding, "busy", false)
+        tryCompare(forwarding, "busy", false, hang)
         compare(forwarding.whenBusy.active, false)
         forwarding.serviceClass = CallForwarding.Voice
         compare(forwarding.whenBusy.number, "")
         forwarding.refresh()
-        tryCompare(forwarding.whenBusy, "number", "111")
+        tryCompare(forwarding.whenBusy, "number", "111", hang)
 
         desk.answer("TAPI_CS_DivertCallToNumber", CallSetup.TimedOut, 1)
         forwarding.whenBusy.deactivate()
         compare(forwarding.whenBusy.active, false)
-        tryCompare(forwarding.whenBusy, "state", CallSetup.Failed)
+        tryCompare(forwarding.whenBusy, "state", CallSetup.Failed, hang)
         compare(forwarding.whenBusy.active, true)
 
         const request = forwarding.cancelAll()
-        tryCompare(request, "state", CallSetup.Ready)
-        tryCompare(forwarding.whenBusy, "active", false)
+        tryCompare(request, "state", CallSetup.Ready, hang)
+        tryCompare(forwarding.whenBusy, "active", false, hang)
     }
 
     function test_costs() {
         compare(costs.credit.value, "12.50")
         compare(costs.limited, true)
         costs.removeMaximum()
-        tryCompare(costs.maximum, "busy", false)
+        tryCompare(costs.maximum, "busy", false, hang)
         compare(costs.limited, false)
         compare(desk.calls("TAPI_CS_GetRemainCredit").length, 1) // what is left follows the limit
         desk.answer("TAPI_CS_SetPriceUnit", 0x8000, 1)
         costs.price.setPrice("0.50", "CHF")
         compare(costs.price.currency, "CHF")
-        tryCompare(costs.price, "state", CallSetup.Failed)
+        tryCompare(costs.price, "state", CallSetup.Failed, hang)
         compare(costs.price.currency, "EUR")
         compare(costs.price.unitPrice, "0.12")
         const request = costs.resetCosts()
-        tryCompare(request, "state", CallSetup.Ready)
-        tryVerify(() => costs.totalCost.value !== "3.20")
+        tryCompare(request, "state", CallSetup.Ready, hang)
+        tryVerify(() => costs.totalCost.value !== "3.20", hang)
     }
 }

@@ -377,7 +377,7 @@ int main(int argc, char **argv)
     options.desk = false;
     options.language = QStringLiteral("en");
     Application application(options);
-    if (!application.isGood() || !QTest::qWaitForWindowActive(application.window()))
+    if (!application.isGood() || !QTest::qWaitForWindowActive(application.window(), 60'000))
         return 1;
     Monkey monkey(application, parser.value(seed).toUInt());
     QElapsedTimer clock;

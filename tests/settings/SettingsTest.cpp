@@ -26,7 +26,7 @@ void SettingsTest::open(const QString &page, Options options)
         options.size = QSize(320, 568);
     m_application = std::make_unique<Application>(options);
     ASSERT_TRUE(m_application->isGood());
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window(), 60'000));
 }
 
 QStringList SettingsTest::offeredPages() const
