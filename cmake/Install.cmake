@@ -67,3 +67,5 @@ endforeach()
 get_cmake_property(packages COMPONENTS)
 list(JOIN packages "\n" packages)
 file(WRITE ${PROJECT_BINARY_DIR}/packages.txt "${packages}\n")
+
+install(SCRIPT cmake/SystemRunPath.cmake ALL_COMPONENTS) # last, when all is in its place

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs a build into an empty place and builds an application against it outside the tree, once with CMake
-# and once with pkg-config, and runs both.
-# usage: installed_package.sh BUILD_FOLDER EXAMPLE_FOLDER COMPILER
+# and once with pkg-config, and runs both. Before that the QML module is loaded from there, with nothing to help it.
+# usage: installed_package.sh BUILD_FOLDER EXAMPLE_FOLDER COMPILER [QML_TEST_RUNNER QML_TEST]
 set -euo pipefail
 build=$1 example=$2 compiler=$3
 scratch=$(mktemp -d)
@@ -9,7 +9,23 @@ trap 'rm -rf "$scratch"' EXIT
 
 cmake --install "$build" --prefix "$scratch/usr" >/dev/null
 library_folder=$(dirname "$(find "$scratch/usr" -name libkvqcallsetupengine.so.1)")
-export LD_LIBRARY_PATH=$library_folder XDG_DATA_HOME=$scratch/data
+export XDG_DATA_HOME=$scratch/data
+
+if (($# == 5)); then
+    KVQ_LOG=off QT_QPA_PLATFORM=offscreen "$4" -import "$library_folder/qt6/qml" -input "$5" || {
+        echo "the installed QML module does not work" >&2
+        exit 1
+    }
+    DESTDIR=$scratch/root cmake --install "$build" --prefix /usr --component qml6-module-kvq-callsetup >/dev/null
+    while read -r library; do
+        ! readelf -d "$library" | grep -E 'RPATH|RUNPATH' || {
+            echo "$library: below /usr it looks for libraries elsewhere" >&2
+            exit 1
+        }
+    done < <(find "$scratch/root" -name '*.so*' -type f)
+fi
+
+export LD_LIBRARY_PATH=$library_folder
 
 run() {
     local output
