@@ -170,18 +170,18 @@ void Calls::attend(bool wasVisible, bool wasActive)
 
 void Calls::setInterval(int milliseconds)
 {
-    if (m_interval == milliseconds)
+    const int interval = std::max(shortestInterval, milliseconds);
+    if (std::exchange(m_interval, interval) == interval)
         return;
-    m_interval = std::max(shortestInterval, milliseconds);
     lookAgain();
     Q_EMIT intervalChanged();
 }
 
 void Calls::setIdleInterval(int milliseconds)
 {
-    if (m_idleInterval == milliseconds)
+    const int interval = std::max(shortestInterval, milliseconds);
+    if (std::exchange(m_idleInterval, interval) == interval)
         return;
-    m_idleInterval = std::max(shortestInterval, milliseconds);
     lookAgain();
     Q_EMIT idleIntervalChanged();
 }

@@ -188,6 +188,10 @@ TEST_F(CallSetupWorkerTest, TheSessionIsOpenedFirstAndAgainWhenAsked)
     EXPECT_EQ(changes, 1);
     worker.connectTelephony();
     EXPECT_TRUE(happens([&] { return worker.isConnected(); }));
+    worker.connectTelephony(); // it is open
+    worker.run([](Engine &) {}).waitForFinished();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(changes, 2);
 }
 
 TEST_F(CallSetupWorkerTest, LeavingCarriesOutWhatWasAsked)

@@ -218,6 +218,26 @@ TestCase {
         compare(desk.calls("TAPI_NETWORK_GetAvailableNetwork"), [])
     }
 
+    function test_anItemCancelsWhatWaits() {
+        load(numbers)
+        desk.forgetCalls()
+        desk.hold("TAPI_ACCE_GetImei")
+        identity.refresh()
+        tryVerify(() => desk.isHeld(), hang)
+        for (const item of [numbers, numbers, networks]) // the second time it is to be read again
+            item.refresh()
+        const change = numbers.setNumber(3, "0123", "new")
+        networks.serviceTone.value = !networks.serviceTone.value
+        for (const item of [numbers, networks]) {
+            item.cancel()
+            compare(item.busy, false)
+        }
+        compare([change.result, column(numbers, "number")[2]], [CallSetup.Cancelled, ""])
+        desk.letGo()
+        tryCompare(CallSetup, "busy", false, hang)
+        compare(desk.order().filter(name => /NETWORK|OWNNUMBER/.test(name)), [])
+    }
+
     readonly property var allFeatures: [
         "hearingAid", "hyphenation", "forwarding", "callCosts", "callerId", "callWaiting", "fixedDialling", "lines",
         "pin2", "upin", "ownNumbers", "usimAccounts", "networkSelection", "preferredNetworks"

@@ -7,6 +7,8 @@ TestCase {
     id: test
     name: "Requests"
 
+    readonly property bool canSwap: calls.canSwap
+
     Calls { id: calls; watching: false; autoRefresh: false }
     Component { id: watchingComponent; Calls { interval: 50; idleInterval: 50 } }
     SimPins { id: pins; autoRefresh: false }
@@ -17,6 +19,8 @@ TestCase {
     Lines { id: lines; autoRefresh: false }
     Features { id: features; autoRefresh: false }
     PreferredNetworks { id: preferred; autoRefresh: false }
+    NetworkSelection { id: networks; autoRefresh: false }
+    CallForwarding { id: forwarding; autoRefresh: false }
 
     SignalSpy { id: added; signalName: "callAdded" }
     SignalSpy { id: removed; signalName: "callRemoved" }
@@ -43,6 +47,14 @@ TestCase {
         return result
     }
 
+    /** What can be done to each call: answer, hold, retrieve, split, transfer; and to the calls: swap. */
+    function can() {
+        const rows = []
+        for (let row = 0; row < calls.count; ++row)
+            rows.push([5, 6, 7, 8, 9].map(role => calls.data(calls.index(row, 0), Qt.UserRole + role) ? 1 : 0).join(""))
+        return rows.concat(canSwap ? "swap" : "")
+    }
+
     function test_twoCalls() {
         const dialling = calls.dial("111")
         finished.target = dialling
@@ -52,22 +64,27 @@ TestCase {
         compare(finished.count, 1)
         const first = dialling.value
         compare(states(), [Calls.Dialling])
+        compare(can(), ["00000", ""])
         desk.remoteAnswers(first)
         const second = desk.ring("222")
+        calls.refresh()
+        tryCompare(calls, "busy", false, hang)
+        compare(can(), ["01001", "10000", ""])
         compare(done(calls.answer(second)), CallSetup.Success)
         compare(states(), [Calls.Held, Calls.Active])
         desk.forgetWhoCalled(second) // as platforms do that know it only while a call rings
         calls.refresh()
         tryCompare(calls, "busy", false, hang)
         compare([0, 1].map(row => calls.data(calls.index(row, 0), Qt.UserRole + 3)), [false, true])
-        compare(calls.canSwap, true)
+        compare(can(), ["00101", "01001", "swap"])
         compare(done(calls.swap()), CallSetup.Success)
         compare(states(), [Calls.Active, Calls.Held])
         compare(done(calls.join()), CallSetup.Success)
-        compare(calls.canSwap, false)
+        compare(can(), ["01011", "01011", ""])
         compare(done(calls.split(first)), CallSetup.Success)
         compare(done(calls.hold(first)), CallSetup.Success)
-        compare(done(calls.hold(99)), CallSetup.InvalidCall)
+        for (const none of [99, 0, first + 256])
+            compare(done(calls.hold(none)), CallSetup.InvalidCall)
         compare(done(calls.hangUp(second)), CallSetup.Success)
         compare(done(calls.retrieve(first)), CallSetup.Success)
         compare(states(), [Calls.Active])
@@ -104,6 +121,35 @@ TestCase {
         CallSetup.connectTelephony()
         tryCompare(CallSetup, "connected", true, hang)
         compare([CallSetup.connectionResult, CallSetup.connectionError], [CallSetup.Success, ""])
+    }
+
+    function test_propertiesTellOfTheirChanges_data() {
+        return [{ item: calls, property: "watching", value: true }, { item: calls, property: "visible", value: false },
+                { item: calls, property: "active", value: !calls.active },
+                { item: calls, property: "interval", value: 10, taken: 50 },
+                { item: calls, property: "idleInterval", value: 10, taken: 50 },
+                { item: calls, property: "autoRefresh", value: true },
+                { item: waiting, property: "autoRefresh", value: true },
+                { item: networks, property: "searchInterval", value: 10, taken: 50 },
+                { item: networks, property: "searchLimit", value: -1, taken: 0 },
+                { item: forwarding, property: "serviceClass", value: CallForwarding.Fax },
+                { item: CallSetup, property: "quitTimeout", value: 3000 },
+                { item: CallSetup, property: "quitTimeout", value: -1, taken: 0 }]
+            .map((row, index) => Object.assign({ tag: `${index} ${row.property}`, taken: row.value }, row))
+    }
+
+    function test_propertiesTellOfTheirChanges(data) {
+        const told = createTemporaryQmlObject("import QtTest; SignalSpy { }", test)
+        told.target = data.item
+        told.signalName = data.property + "Changed"
+        const before = data.item[data.property]
+        for (let time = 0; time < 2; ++time) {
+            data.item[data.property] = data.value
+            compare([data.item[data.property], told.count], [data.taken, 1])
+        }
+        data.item[data.property] = before
+        compare([data.item[data.property], told.count], [before, 2])
+        told.target = null
     }
 
     function test_noNumber() {
@@ -339,6 +385,17 @@ TestCase {
         desk.forgetCalls()
         compare(done(calls.dial(data.tag)), CallSetup.NotSupported)
         compare(desk.calls("TAPI_VOICE_MakeCall"), [])
+    }
+
+    function test_whatIsNoCodeOfOneCallIsDialledAsTyped_data() {
+        return [{ tag: "*31*1#555" }, { tag: "*31#" }, { tag: "*#31#555" }, { tag: "*30#555" }, { tag: "555" }]
+    }
+
+    function test_whatIsNoCodeOfOneCallIsDialledAsTyped(data) {
+        desk.forgetCalls()
+        compare(done(calls.dial(data.tag)), CallSetup.Success)
+        compare(calls.data(calls.index(0, 0), Qt.UserRole + 1), data.tag)
+        compare(desk.calls("TAPI_CS_SetRestrictNextCallID"), [])
     }
 
     function test_theLastTryBlocks() {
