@@ -5,9 +5,12 @@
 
 #include <QFile>
 #include <QLocale>
+#include <QQmlComponent>
+#include <QQmlEngine>
 #include <QTemporaryDir>
 
 #include <algorithm>
+#include <memory>
 #include <thread>
 
 namespace {
@@ -166,6 +169,16 @@ void Desk::findNetworks(const QStringList &ids)
             network.known = ids.contains(QString::fromStdString(network.id));
         return true;
     });
+}
+
+void Desk::useAnotherEngine(const QString &item)
+{
+    QQmlEngine engine;
+    engine.addImportPath(QStringLiteral(KVQ_QML_DIR));
+    QQmlComponent component(&engine);
+    component.setData("import Kvq.CallSetup\n" + item.toUtf8(), QUrl());
+    const std::unique_ptr<QObject> made(component.create());
+    Q_ASSERT(made);
 }
 
 void Desk::speak(const QString &language)

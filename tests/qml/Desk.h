@@ -44,6 +44,9 @@ public:
     /** What a search that was begun has found. */
     Q_INVOKABLE void findNetworks(const QStringList &ids);
 
+    /** Makes an item in a QML engine of its own, and ends both. */
+    Q_INVOKABLE void useAnotherEngine(const QString &item);
+
     Q_INVOKABLE void speak(const QString &language);
 
 private:

@@ -109,6 +109,14 @@ TestCase {
         compare([later.count, later.stale, numberOf(later)], [4, false, "0123"])
     }
 
+    function test_itEndsWithAnEngine() {
+        read(waitingComponent).destroy()
+        desk.useAnotherEngine("CallWaiting { autoRefresh: false }")
+        const item = createTemporaryObject(waitingComponent, test)
+        compare([item.enabled.known, item.stale], [false, false])
+        tryCompare(item, "busy", false, hang)
+    }
+
     function test_anEndedCallIsNotShownAgain() {
         desk.ring("222")
         read(callsComponent).destroy()

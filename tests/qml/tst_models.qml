@@ -238,6 +238,19 @@ TestCase {
         compare(desk.order().filter(name => /NETWORK|OWNNUMBER/.test(name)), [])
     }
 
+    function test_aReadingThatIsWantedMeanwhileIsMade() {
+        const question = "TAPI_SECURITY_GetNumOfUsim"
+        desk.forgetCalls()
+        desk.hold(question)
+        accounts.refresh()
+        tryVerify(() => desk.isHeld(), hang)
+        for (let wish = 0; wish < 3; ++wish)
+            accounts.refresh()
+        desk.letGo()
+        tryCompare(accounts, "busy", false, hang)
+        compare(desk.calls(question).length, 2)
+    }
+
     readonly property var allFeatures: [
         "hearingAid", "hyphenation", "forwarding", "callCosts", "callerId", "callWaiting", "fixedDialling", "lines",
         "pin2", "upin", "ownNumbers", "usimAccounts", "networkSelection", "preferredNetworks"
