@@ -16,6 +16,8 @@ Column {
     property bool number
     /** Digits only. */
     property bool digits
+    /** Digits, and the decimal sign of the language. */
+    property bool amount
     /** Whether a button takes back what was typed, for who has no keyboard. */
     property bool erasable
 
@@ -55,7 +57,7 @@ Column {
         leftPadding: Theme.unit + 4
         rightPadding: eraser.visible ? eraser.width : Theme.unit + 4
         verticalAlignment: TextInput.AlignVCenter
-        font.pixelSize: field.number || field.digits ? Theme.title : Theme.body
+        font.pixelSize: field.number || field.digits || field.amount ? Theme.title : Theme.body
         color: Theme.text
         selectionColor: Theme.accent
         selectedTextColor: Theme.accentInk
@@ -64,8 +66,9 @@ Column {
         passwordCharacter: "●"
         passwordMaskDelay: 0
         inputMethodHints: field.digits ? Qt.ImhDigitsOnly | Qt.ImhSensitiveData | Qt.ImhNoPredictiveText
+            : field.amount ? Qt.ImhFormattedNumbersOnly
             : field.number ? Qt.ImhDialableCharactersOnly : Qt.ImhNoAutoUppercase
-        validator: field.digits ? digitsOnly : field.number ? dialable : null
+        validator: field.digits ? digitsOnly : field.amount ? decimal : field.number ? dialable : null
 
         Accessible.role: Accessible.EditableText
         Accessible.name: Plain.shown(field.label !== "" ? field.label : field.hint)
@@ -74,6 +77,15 @@ Column {
         Accessible.description: Plain.shown(input.Accessible.name === "" ? field.label : "")
 
         onAccepted: field.accepted()
+        onTextEdited: {
+            // Which of the two is typed depends on the keyboard; what it means is seen at once.
+            const other = field.amount ? text.search(/[.,]/) : -1;
+            if (other < 0 || text[other] === Decimal.sign)
+                return;
+            const place = cursorPosition;
+            text = text.replace(/[.,]/, Decimal.sign);
+            cursorPosition = place;
+        }
 
         PlainText {
             // Beside the cursor, not under it.
@@ -117,6 +129,12 @@ Column {
         id: digitsOnly
 
         regularExpression: /[0-9]*/
+    }
+
+    RegularExpressionValidator {
+        id: decimal
+
+        regularExpression: /[0-9]*[.,٫]?[0-9]*/
     }
 
     RegularExpressionValidator {

@@ -8,6 +8,8 @@ Grid {
 
     /** With star and hash, letters, and a plus on a long press of 0; else digits and a key that takes back. */
     property bool dial: true
+    /** Stands beside the 0 of a pad that does not dial, for amounts; empty for none. */
+    property string decimalSign
     property int keyHeight: 56
     property color ground: Theme.surface
     /** The key that the tabulator key reaches. */
@@ -17,6 +19,8 @@ Grid {
     signal keyReleased(string key)
     /** The key that was pressed last was held: take the plus instead. */
     signal keyHeld(string key)
+    /** The finger that held it has left it, by lifting, or by sliding off. */
+    signal heldKeyLeft(string key, bool lifted)
     signal takeBack()
 
     function move(from: int, by: int): void {
@@ -37,7 +41,7 @@ Grid {
             ? [["1", ""], ["2", "ABC"], ["3", "DEF"], ["4", "GHI"], ["5", "JKL"], ["6", "MNO"],
                ["7", "PQRS"], ["8", "TUV"], ["9", "WXYZ"], ["*", ""], ["0", "+"], ["#", ""]]
             : [["1", ""], ["2", ""], ["3", ""], ["4", ""], ["5", ""], ["6", ""],
-               ["7", ""], ["8", ""], ["9", ""], ["", ""], ["0", ""], ["<", ""]]
+               ["7", ""], ["8", ""], ["9", ""], [pad.decimalSign, ""], ["0", ""], ["<", ""]]
 
         T.Button {
             id: key
@@ -46,6 +50,7 @@ Grid {
             required property int index
 
             readonly property string sign: modelData[0]
+            property bool held: false
 
             objectName: "key:" + sign
 
@@ -82,23 +87,29 @@ Grid {
                 }
             }
 
+            function leave(lifted: bool): void {
+                if (sign === "<")
+                    return;
+                pad.keyReleased(sign);
+                if (held)
+                    pad.heldKeyLeft(sign, lifted);
+            }
+
             onActiveFocusChanged: {
                 if (activeFocus)
                     pad.stop = index;
             }
             onPressed: {
+                held = false;
                 if (sign !== "<")
                     pad.keyPressed(sign);
             }
-            onReleased: {
-                if (sign !== "<")
-                    pad.keyReleased(sign);
+            onReleased: leave(true)
+            onCanceled: leave(false)
+            onPressAndHold: {
+                held = true;
+                pad.keyHeld(sign);
             }
-            onCanceled: {
-                if (sign !== "<")
-                    pad.keyReleased(sign);
-            }
-            onPressAndHold: pad.keyHeld(sign)
             onClicked: {
                 if (sign === "<")
                     pad.takeBack();

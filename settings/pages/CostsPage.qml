@@ -136,7 +136,7 @@ PhonePage {
         EntryRow {
             objectName: "limit"
             label: qsTr("Cost limit")
-            value: costs.limited ? costs.maximum.value : qsTr("No limit")
+            value: costs.limited ? page.money(costs.maximum.value) : qsTr("No limit")
             description: qsTr("At the limit no more calls can be made")
             known: costs.maximum.known
             stale: costs.maximum.stale
@@ -149,7 +149,8 @@ PhonePage {
 
         EntryRow {
             label: qsTr("Price of a unit")
-            value: qsTr("%1 %2", "price and currency").arg(costs.price.unitPrice).arg(costs.price.currency).trim()
+            objectName: "price"
+            value: Decimal.money(costs.price.unitPrice, costs.price.currency)
             known: costs.price.known
             stale: costs.price.stale
             busy: costs.price.busy
@@ -203,9 +204,14 @@ PhonePage {
         }
     }
 
+    function money(amount: string): string {
+        // Without a price the meter counts units, which are whole.
+        return amount.includes(".") ? Decimal.money(amount, costs.price.currency) : amount;
+    }
+
     /** An amount is zero, too, when the meter does not answer; then its maximum cannot be read either. */
     function amount(amount: string): string {
-        return Number(amount) === 0 && !page.meterAnswered ? qsTr("Not known") : amount;
+        return Number(amount) === 0 && !page.meterAnswered ? qsTr("Not known") : money(amount);
     }
 
     /** "1:5:3" as "1:05:03". The phone gives no time that it does not know. */
@@ -217,16 +223,16 @@ PhonePage {
         id: limitSheet
 
         function start(): void {
-            amount.text = costs.limited ? costs.maximum.value : "";
+            amount.text = costs.limited ? Decimal.local(costs.maximum.value) : "";
             ask();
             amount.input.forceActiveFocus();
         }
 
         title: qsTr("Cost limit")
         action: qsTr("Save")
-        ready: amount.text !== ""
+        ready: /[0-9]/.test(amount.text)
         onAccepted: {
-            costs.maximum.value = amount.text;
+            costs.maximum.value = Decimal.plain(amount.text);
             close();
         }
 
@@ -234,9 +240,19 @@ PhonePage {
             id: amount
 
             label: qsTr("Amount")
+            amount: true
             maximumLength: 20
-            input.inputMethodHints: Qt.ImhFormattedNumbersOnly
             onAccepted: limitSheet.accept()
+        }
+
+        NumberPad {
+            width: parent.width
+            dial: false
+            decimalSign: Decimal.sign
+            keyHeight: 48
+            ground: Theme.window
+            onKeyPressed: key => amount.type(key)
+            onTakeBack: amount.takeBack()
         }
 
         PushButton {
@@ -256,7 +272,7 @@ PhonePage {
         id: priceSheet
 
         function start(): void {
-            price.text = costs.price.unitPrice;
+            price.text = Decimal.local(costs.price.unitPrice);
             currency.text = costs.price.currency;
             ask();
             price.input.forceActiveFocus();
@@ -264,12 +280,12 @@ PhonePage {
 
         title: qsTr("Price of a unit")
         text: costs.limited
-            ? qsTr("The limit is %1 now. The SIM keeps it in units, so another price changes it: look at it afterwards.").arg(costs.maximum.value)
+            ? qsTr("The limit is %1 now. The SIM keeps it in units, so another price changes it: look at it afterwards.").arg(page.money(costs.maximum.value))
             : ""
         action: qsTr("Save")
-        ready: price.text !== "" && currency.text !== ""
+        ready: /[0-9]/.test(price.text) && currency.text !== ""
         onAccepted: {
-            costs.price.setPrice(price.text, currency.text);
+            costs.price.setPrice(Decimal.plain(price.text), currency.text);
             close();
         }
 
@@ -277,8 +293,8 @@ PhonePage {
             id: price
 
             label: qsTr("Price")
+            amount: true
             maximumLength: 29
-            input.inputMethodHints: Qt.ImhFormattedNumbersOnly
             onAccepted: currency.input.forceActiveFocus()
         }
 
@@ -288,6 +304,16 @@ PhonePage {
             label: qsTr("Currency")
             maximumLength: 40
             onAccepted: priceSheet.accept()
+        }
+
+        NumberPad {
+            width: parent.width
+            dial: false
+            decimalSign: Decimal.sign
+            keyHeight: 48
+            ground: Theme.window
+            onKeyPressed: key => price.type(key)
+            onTakeBack: price.takeBack()
         }
     }
 }

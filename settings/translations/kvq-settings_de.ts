@@ -245,6 +245,18 @@
         <source>Number of the other call</source>
         <translation>Nummer des weiteren Anrufs</translation>
     </message>
+    <message>
+        <source>Lift the finger to call speed dial %1. Slide it off the key to call nobody.</source>
+        <translation>Zum Anrufen von Kurzwahl %1 den Finger heben. Zum Abbrechen von der Taste schieben.</translation>
+    </message>
+    <message>
+        <source>Speed dial %1 is empty.</source>
+        <translation>Kurzwahl %1 ist nicht belegt.</translation>
+    </message>
+    <message>
+        <source>The speed dial could not be read yet.</source>
+        <translation>Die Kurzwahl konnte noch nicht gelesen werden.</translation>
+    </message>
 </context>
 <context>
     <name>CostsPage</name>
@@ -291,11 +303,6 @@
     <message>
         <source>Price of a unit</source>
         <translation>Preis einer Einheit</translation>
-    </message>
-    <message>
-        <source>%1 %2</source>
-        <comment>price and currency</comment>
-        <translation>%1 %2</translation>
     </message>
     <message>
         <source>Show costs after a call</source>
@@ -384,6 +391,14 @@
     <message>
         <source>The limit is %1 now. The SIM keeps it in units, so another price changes it: look at it afterwards.</source>
         <translation>Das Limit ist jetzt %1. Die SIM führt es in Einheiten, ein anderer Preis ändert es also: Prüfen Sie es danach.</translation>
+    </message>
+</context>
+<context>
+    <name>Decimal</name>
+    <message>
+        <source>%1 %2</source>
+        <comment>amount and currency</comment>
+        <translation>%1 %2</translation>
     </message>
 </context>
 <context>
@@ -655,6 +670,10 @@
     <message>
         <source>That of voice calls, data and fax. The numbers are not kept.</source>
         <translation>Die von Sprachanrufen, Daten und Fax. Die Nummern gehen verloren.</translation>
+    </message>
+    <message>
+        <source>That of voice calls and data. The numbers are not kept.</source>
+        <translation>Die von Sprachanrufen und Daten. Die Nummern gehen verloren.</translation>
     </message>
 </context>
 <context>
@@ -1267,6 +1286,18 @@
     <message>
         <source>Network code</source>
         <translation>Netzkennung</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>%1 is removed.</source>
+        <translation>%1 ist entfernt.</translation>
+    </message>
+    <message>
+        <source>Another one, by its code</source>
+        <translation>Ein anderes nach Kennung</translation>
     </message>
 </context>
 <context>

@@ -1,6 +1,8 @@
 // What the pages show when the phone is slow, lacks something or fails.
 #include "SettingsTest.h"
 
+#include <QTemporaryDir>
+
 namespace {
 
 using namespace std::chrono_literals;
@@ -217,7 +219,8 @@ TEST_F(PagesTest, AmountsOfAMeterThatDoesNotAnswerAreNotZero)
         EXPECT_EQ(spent->property("value").toString(), QStringLiteral("Not known"));
         phone().clearAnswer("TAPI_CS_*");
         ASSERT_TRUE(QMetaObject::invokeMethod(page(), "readAgain", Q_ARG(bool, true)));
-        EXPECT_TRUE(waitFor([&] { return spent->property("value").toString() == QLatin1String("3.20"); }));
+        EXPECT_TRUE(
+            waitFor([&] { return spent->property("value").toString() == QLatin1String("3.20 EUR"); }));
         ASSERT_TRUE(settle());
         leave();
     }
@@ -295,6 +298,90 @@ TEST_F(PagesTest, ThePinIsEnteredWhereTheSimAsksForIt)
         EXPECT_EQ(find(QStringLiteral("enter-pin")) != nullptr, asks);
         EXPECT_EQ(find(QStringLiteral("lock"))->property("pressable").toBool(), !asks);
     }
+}
+
+TEST_F(PagesTest, AmountsAreShownAndTypedAsInTheLanguage)
+{
+    open(QStringLiteral("costs"), {.language = QStringLiteral("de"), .calm = true});
+    ASSERT_TRUE(settle());
+    const auto value = [this](const char *row) {
+        return find(QLatin1String(row))->property("value").toString();
+    };
+    EXPECT_EQ(value("spent"), QStringLiteral("3,20 €"));
+    EXPECT_EQ(value("price"), QStringLiteral("0,12 €"));
+    EXPECT_EQ(value("limit"), QStringLiteral("50,00 €"));
+    ASSERT_TRUE(click(QStringLiteral("limit")));
+    ASSERT_TRUE(waitFor([&] { return window().activeFocusItem()->inherits("QQuickTextInput"); }));
+    QQuickItem *const field = window().activeFocusItem();
+    EXPECT_EQ(field->property("text").toString(), QStringLiteral("50,00"));
+    press(Qt::Key_A, Qt::ControlModifier);
+    type(QStringLiteral("12."));
+    ASSERT_TRUE(click(QStringLiteral("key:,")));
+    ASSERT_TRUE(click(QStringLiteral("key:5")));
+    EXPECT_EQ(field->property("text").toString(), QStringLiteral("12,5"));
+    press(Qt::Key_Return);
+    ASSERT_TRUE(settle());
+    EXPECT_TRUE(waitFor([&] { return value("limit") == QStringLiteral("12,5 €"); }));
+}
+
+TEST_F(PagesTest, FoundNetworksHaveNamesAreAddedAndRemovalIsUndone)
+{
+    phone().setPreferredNetworks({"26201", "00102"});
+    open(QStringLiteral("networks"), {.calm = true});
+    ASSERT_TRUE(click(QStringLiteral("search")));
+    ASSERT_TRUE(settle());
+    enter(QStringLiteral("preferred"));
+    ASSERT_TRUE(settle());
+    const auto order = [this] { return valuesOf("networkId").join(QLatin1Char(' ')); };
+    EXPECT_EQ(find(QStringLiteral("network:00102"))->property("shownName").toString(),
+              QStringLiteral("Second Network"));
+
+    ASSERT_TRUE(click(QStringLiteral("add")));
+    ASSERT_TRUE(waitForItem(QStringLiteral("candidate:00101")));
+    EXPECT_EQ(find(QStringLiteral("candidate:00102")), nullptr) << "it is there";
+    EXPECT_EQ(find(QStringLiteral("candidate:00103")), nullptr) << "it is not allowed";
+    ASSERT_TRUE(click(QStringLiteral("candidate:00101")));
+    ASSERT_TRUE(settle());
+    EXPECT_EQ(order(), QStringLiteral("26201 00102 00101"));
+
+    ASSERT_TRUE(click(QStringLiteral("remove:00102")));
+    ASSERT_TRUE(settle());
+    EXPECT_EQ(order(), QStringLiteral("26201 00101"));
+    ASSERT_TRUE(click(QStringLiteral("undo")));
+    ASSERT_TRUE(settle());
+    EXPECT_EQ(order(), QStringLiteral("26201 00102 00101"));
+    EXPECT_TRUE(waitForNo(QStringLiteral("undo")));
+
+    // What could not be removed need not be undone.
+    phone().setAnswer("TAPI_NETWORK_*", {.result = refused, .out = {}});
+    ASSERT_TRUE(click(QStringLiteral("remove:00102")));
+    ASSERT_TRUE(settle());
+    EXPECT_EQ(failures().size(), 1);
+    EXPECT_EQ(find(QStringLiteral("undo")), nullptr);
+    phone().clearAnswer("TAPI_NETWORK_*");
+}
+
+TEST_F(PagesTest, WhatItsMakerSaysThatThePhoneLacksIsNotShown)
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("kvq-settings.conf")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("[product]\nflip = no\nany-key = yes\nfax = no\nvideo = no\n");
+    file.close();
+    const QByteArray before = qgetenv("XDG_CONFIG_HOME");
+    for (const bool lacks : {false, true}) {
+        SCOPED_TRACE(lacks);
+        qputenv("XDG_CONFIG_HOME", lacks ? folder.path().toUtf8() : QByteArray("/nowhere"));
+        open(QStringLiteral("preferences"));
+        ASSERT_TRUE(settle());
+        EXPECT_EQ(find(QStringLiteral("flip")) == nullptr, lacks);
+        EXPECT_NE(find(QStringLiteral("any-key")), nullptr);
+        EXPECT_EQ(offeredPages().contains(QStringLiteral("video")), !lacks);
+        enter(QStringLiteral("forwarding"));
+        ASSERT_TRUE(settle());
+        EXPECT_EQ(valuesOf("words").contains(QStringLiteral("Fax")), !lacks);
+    }
+    qputenv("XDG_CONFIG_HOME", before);
 }
 
 TEST_F(PagesTest, ALimitIsRemoved)
