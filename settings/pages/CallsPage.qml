@@ -1,5 +1,6 @@
 // Dialling: the number, its keypad at the bottom edge, and the way back to a call that runs.
 import QtQuick
+import QtQml.Models
 import Kvq.CallSetup
 import Kvq.Settings
 import Kvq.Settings.Controls
@@ -16,6 +17,9 @@ PhonePage {
     /** The request is a service code, and no call. */
     property bool codeRan: false
     property string dialled
+    /** The digit whose speed dial is shown while it is held, and what there is to say about it; 0 for none. */
+    property int heldSlot: 0
+    property string heldNote
     readonly property bool outcome: codeRan && request !== null && !request.busy
 
     function dial(): void {
@@ -26,8 +30,55 @@ PhonePage {
         request = codeRan ? codes.run(dialled) : callScreen.dial(dialled);
     }
 
+    /** A digit is held that stands alone: shows whom it dials. */
+    function showSpeedDial(slot: int): void {
+        if (field.text !== String(slot) || request !== null && request.busy)
+            return;
+        const number = speedDial.state === CallSetup.Ready ? speedDial.numberOf(slot) : "";
+        heldNote = number !== "" ? qsTr("Lift the finger to call speed dial %1. Slide it off the key to call nobody.").arg(slot)
+            : speedDial.state === CallSetup.Ready ? qsTr("Speed dial %1 is empty.").arg(slot)
+            : qsTr("The speed dial could not be read yet.");
+        if (number === "")
+            return;
+        heldSlot = slot;
+        field.text = number;
+    }
+
+    /** The finger is gone: the number that was shown is called, or nobody is. */
+    function endSpeedDial(lifted: bool): void {
+        if (heldSlot === 0)
+            return;
+        const number = speedDial.numberOf(heldSlot);
+        heldSlot = 0;
+        heldNote = "";
+        if (lifted && field.text === number)
+            dial();
+        else
+            field.text = "";
+    }
+
     ServiceCodes {
         id: codes
+    }
+
+    // A slot of its own number, and the product's own number for it, for voice mail for example, which goes first.
+    SpeedDial {
+        id: speedDial
+
+        function numberOf(slot: int): string {
+            // As it can be typed: without spaces and strokes.
+            return (slots.objectAt(slot - 1)?.dialled ?? "").replace(/[^0-9+*#pPwW]/g, "");
+        }
+    }
+
+    Instantiator {
+        id: slots
+
+        model: speedDial
+
+        QtObject {
+            required property string dialled
+        }
     }
 
     Connections {
@@ -65,6 +116,18 @@ PhonePage {
         reason: page.outcome ? ServiceWords.failure(page.request) : Words.of(page.request)
         // The number is still there, and "Call" below it.
         action: ""
+    }
+
+    PlainText {
+        objectName: "speed-dial-note"
+        width: parent.width
+        visible: text !== ""
+        words: page.heldNote
+        font.pixelSize: Theme.body
+        color: Theme.text
+        wrapMode: Text.Wrap
+        Accessible.role: Accessible.AlertMessage
+        Accessible.name: text
     }
 
     Section {
@@ -132,13 +195,19 @@ PhonePage {
             width: dialler.column
             keyHeight: Math.max(44, Math.min(64, page.sideways
                 ? (page.height - 100) / 4 : (page.height - 3 * Theme.row - 120 - field.height) / 4))
-            onKeyPressed: key => field.type(key)
+            onKeyPressed: key => {
+                page.heldNote = "";
+                field.type(key);
+            }
             onKeyHeld: key => {
                 if (key === "0") {
                     field.takeBack();
                     field.type("+");
+                } else if (/[1-9]/.test(key)) {
+                    page.showSpeedDial(Number(key));
                 }
             }
+            onHeldKeyLeft: (key, lifted) => page.endSpeedDial(lifted)
         }
 
         PushButton {

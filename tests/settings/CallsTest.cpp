@@ -155,6 +155,59 @@ TEST_F(CallsTest, KeysOfACallAreTonesAndNothingElse)
     EXPECT_EQ(textOf("number"), QString());
 }
 
+TEST_F(CallsTest, AHeldDigitShowsItsSpeedDialAndCallsItWhenItIsLeft)
+{
+    open(QStringLiteral("speed-dial"), {.calm = true});
+    ASSERT_TRUE(settle());
+    ASSERT_TRUE(click(QStringLiteral("slot2")));
+    ASSERT_TRUE(waitFor([&] { return window().activeFocusItem()->inherits("QQuickTextInput"); }));
+    type(QStringLiteral("55502"));
+    press(Qt::Key_Return);
+    ASSERT_TRUE(settle());
+    open(QStringLiteral("calls"), {.calm = true});
+    ASSERT_TRUE(settle());
+    listen("TAPI_VOICE_");
+    const auto hold = [this](const char *key) {
+        EXPECT_TRUE(waitFor([&] { return guard().isReady(find(QLatin1String(key))); }));
+        const QPointF place = centreOf(*find(QLatin1String(key)));
+        touch(place);
+        EXPECT_TRUE(waitFor([&] { return find(QLatin1String(key))->property("held").toBool(); }));
+        return place;
+    };
+
+    // An empty one is a digit, and so is one after another.
+    lift(hold("key:3"));
+    EXPECT_EQ(textOf("number"), QStringLiteral("3"));
+    EXPECT_EQ(textOf("speed-dial-note"), QStringLiteral("Speed dial 3 is empty."));
+    lift(hold("key:2"));
+    EXPECT_EQ(textOf("number"), QStringLiteral("32"));
+    find(QStringLiteral("number"))->setProperty("text", QString());
+
+    const QPointF place = hold("key:2");
+    EXPECT_EQ(textOf("number"), QStringLiteral("55502"));
+    finger().move(0, (place - QPointF(0, 200)).toPoint());
+    lift(place - QPointF(0, 200));
+    EXPECT_TRUE(waitFor([&] { return textOf("number").isEmpty(); }));
+    ASSERT_TRUE(settle());
+    EXPECT_EQ(asked(), QStringList()) << "slid off, it calls nobody";
+
+    lift(hold("key:2"));
+    EXPECT_TRUE(waitForItem(QStringLiteral("hang-up")));
+    EXPECT_TRUE(waitFor([&] { return states() == QStringLiteral("Calling …"); }));
+    EXPECT_EQ(asked().size(), 1);
+    EXPECT_TRUE(asked().join(QLatin1Char(' ')).contains(QLatin1String("55502")));
+
+    // The keys of a call are tones, however long they are held.
+    ASSERT_TRUE(phone().remoteAnswers(1));
+    ASSERT_TRUE(waitFor([&] { return states() == QStringLiteral("Active"); }));
+    ASSERT_TRUE(click(QStringLiteral("keypad")));
+    listen("TAPI_VOICE_");
+    lift(hold("key:2"));
+    ASSERT_TRUE(settle());
+    EXPECT_EQ(asked().filter(QStringLiteral("DtmfTone")).size(), asked().size());
+    EXPECT_EQ(textOf("tones"), QStringLiteral("2"));
+}
+
 TEST_F(CallsTest, AnotherCallIsAdded)
 {
     open(QStringLiteral("about"), {.calm = true});
