@@ -9,6 +9,8 @@ Column {
     required property PreferredNetworks networks
     /** The page's view, which scrolls on while a row is held at its edge. */
     required property ScrollArea view
+    /** Gives the name of a network, empty when it is not known. */
+    property var nameOf: networkId => ""
     /** The row that is being dragged, -1 for none, and the one that it would become. */
     property int dragged: -1
     readonly property int target: dragged < 0 ? -1 : find(dragged, travel)
@@ -23,6 +25,18 @@ Column {
 
     signal moved(int from, int to)
     signal removed(int row)
+
+    function networkAt(row: int): string {
+        return (rows.itemAt(row) as PreferredRow).networkId;
+    }
+
+    function has(networkId: string): bool {
+        for (let row = 0; row < rows.count; ++row) {
+            if (networkAt(row) === networkId)
+                return true;
+        }
+        return false;
+    }
 
     function take(row: int): void {
         viewStart = view.contentY;

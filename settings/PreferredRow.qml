@@ -8,6 +8,8 @@ Item {
     required property int index
     required property string networkId
     required property string name
+    /** As the SIM has it, else as it was found; empty when nobody knows it. */
+    readonly property string shownName: name !== "" || owner === null ? name : owner.nameOf(networkId)
     /** The PreferredList that the row stands in. */
     property var owner: null
     readonly property alias handle: grip
@@ -36,12 +38,13 @@ Item {
         SettingRow {
             id: content
 
-            label: row.name !== "" ? row.name : row.networkId
-            description: row.name !== "" ? row.networkId : ""
+            label: row.shownName !== "" ? row.shownName : row.networkId
+            description: row.shownName !== "" ? row.networkId : ""
             ink: row.owner !== null && row.owner.networks.stale ? Theme.quiet : Theme.text
             lined: row.index > 0 && row.owner !== null && row.owner.dragged < 0
 
             IconButton {
+                objectName: "remove:" + row.networkId
                 symbol: "remove"
                 ink: Theme.quiet
                 text: qsTr("Remove %1").arg(content.label)
