@@ -1,6 +1,7 @@
 // The pages, in the groups in which the list shows them. What the product lacks is not offered.
 import QtQml
 import Kvq.CallSetup
+import Kvq.Settings
 
 QtObject {
     id: directory
@@ -31,6 +32,7 @@ QtObject {
             title: qsTr("Video calls")
             symbol: "video"
             file: "VideoPage.qml"
+            offered: Product.video
         }
     ]
 

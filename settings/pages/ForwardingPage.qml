@@ -11,17 +11,19 @@ PhonePage {
 
     notice: forwarding.available ? "" : Words.sentence(CallSetup.NotSupported)
 
+    readonly property var kinds: [
+        { value: CallForwarding.Voice, text: qsTr("Voice") },
+        { value: CallForwarding.Data, text: qsTr("Data") },
+        { value: CallForwarding.Fax, text: qsTr("Fax") }
+    ]
+
     CallForwarding {
         id: forwarding
     }
 
     pinned: Segments {
         label: qsTr("Kind of call")
-        choices: [
-            { value: CallForwarding.Voice, text: qsTr("Voice") },
-            { value: CallForwarding.Data, text: qsTr("Data") },
-            { value: CallForwarding.Fax, text: qsTr("Fax") }
-        ]
+        choices: page.kinds.filter(kind => Product.fax || kind.value !== CallForwarding.Fax)
         current: forwarding.serviceClass
         onPicked: value => forwarding.serviceClass = value
     }
@@ -70,7 +72,8 @@ PhonePage {
                 title: qsTr("Turn off forwarding?")
                 text: forwarding.serviceClass === CallForwarding.Voice
                     ? qsTr("The numbers are not kept.")
-                    : qsTr("That of voice calls, data and fax. The numbers are not kept.")
+                    : Product.fax ? qsTr("That of voice calls, data and fax. The numbers are not kept.")
+                    : qsTr("That of voice calls and data. The numbers are not kept.")
                 action: qsTr("Turn off")
             }
             onWanted: request = forwarding.cancelAll()

@@ -12,12 +12,15 @@ PhonePage {
         heading: qsTr("Answering")
 
         SettingSwitch {
+            objectName: "flip"
+            visible: setting.available && Product.flip
             setting: preferences.flipAnswer
             label: qsTr("Answer by opening the phone")
         }
 
         SettingSwitch {
             objectName: "any-key"
+            visible: setting.available && Product.anyKey
             setting: preferences.anyKeyAnswer
             label: qsTr("Answer with any key")
         }
