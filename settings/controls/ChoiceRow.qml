@@ -12,7 +12,7 @@ SettingRow {
     property var current
     property bool open: false
 
-    readonly property var chosen: choices.find(choice => choice.value === current)
+    readonly property var chosen: known ? choices.find(choice => choice.value === current) : undefined
 
     signal picked(var value)
 
@@ -56,7 +56,7 @@ SettingRow {
 
                     required property var modelData
 
-                    readonly property bool current: modelData.value === row.current
+                    readonly property bool current: row.known && modelData.value === row.current
 
                     width: list.width
                     implicitHeight: Math.max(Theme.touch, implicitContentHeight + 2 * Theme.unit)

@@ -183,10 +183,9 @@ FocusScope {
                     PlainText {
                         width: parent.width
                         visible: line.stacked && row.known
-                        opacity: ending.opacity
                         words: row.value
-                        font.pixelSize: Theme.body
-                        color: Theme.quiet
+                        font: ending.font
+                        color: ending.color
                         wrapMode: Text.Wrap
                         Accessible.ignored: true
                     }
@@ -231,10 +230,11 @@ FocusScope {
                     id: ending
 
                     visible: row.value !== "" && row.known && !line.stacked
-                    opacity: row.dim ? Theme.dimmed : 1
                     words: row.value
                     font.pixelSize: Theme.body
-                    color: Theme.quiet
+                    // Colour alone tells not everybody.
+                    font.italic: row.dim
+                    color: row.dim ? Theme.stale : Theme.quiet
                     Accessible.ignored: true
                 }
 

@@ -6,11 +6,13 @@ Rectangle {
 
     property bool on
     property bool known: true
+    /** It may be so no longer. */
+    property bool stale: false
 
     implicitWidth: 48
     implicitHeight: 28
     radius: height / 2
-    color: !known ? Theme.placeholder : on ? Theme.accent : "transparent"
+    color: !known ? Theme.placeholder : !on ? "transparent" : stale ? Theme.stale : Theme.accent
     border.width: known && !on ? 2 : 0
     border.color: Theme.outline
 
@@ -20,7 +22,7 @@ Rectangle {
         width: mark.on ? 20 : 16
         height: width
         radius: height / 2
-        color: !mark.known ? Theme.surface : mark.on ? Theme.accentInk : Theme.outline
+        color: !mark.known ? Theme.surface : !mark.on ? Theme.outline : mark.stale ? Theme.surface : Theme.accentInk
 
         Behavior on x {
             enabled: mark.known

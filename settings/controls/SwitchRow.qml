@@ -21,6 +21,6 @@ SettingRow {
         anchors.verticalCenter: parent.verticalCenter
         on: row.checked
         known: row.known
-        opacity: row.dim ? Theme.dimmed : 1
+        stale: row.dim
     }
 }

@@ -38,15 +38,14 @@ QtObject {
 
     readonly property int movement: calm ? 0 : 160
 
-    /** How much is left of a value that may be so no longer. */
-    readonly property real dimmed: 0.55
-
     // Colours. Text on the ground it stands on has a contrast of at least 4.5 to 1.
     readonly property color window: dark ? "#0f1316" : "#f2f5f6"
     readonly property color surface: dark ? "#1a2024" : "#ffffff"
     readonly property color pressed: dark ? "#283036" : "#e6ecee"
     readonly property color text: dark ? "#edf1f3" : "#12181c"
     readonly property color quiet: dark ? "#a7b2ba" : "#525d66"
+    /** Of a value that may be so no longer. */
+    readonly property color stale: dark ? "#909ca5" : "#606b74"
     readonly property color hairline: dark ? "#2b3339" : "#e1e6e9"
     readonly property color outline: dark ? "#75828c" : "#7b8790"
     readonly property color placeholder: dark ? "#313a41" : "#dde3e7"

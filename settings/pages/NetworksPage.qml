@@ -124,6 +124,13 @@ PhonePage {
             }
         }
 
+        // Nothing found is no failure: nobody may have searched.
+        EmptyRow {
+            objectName: "outdated"
+            subject: networks
+            visible: outdated
+        }
+
         ActionRow {
             objectName: "search"
             symbol: networks.searching ? "remove" : "search"

@@ -45,6 +45,7 @@ TEST_P(ThemeTest, HasContrast)
     } rules[] = {
         {"text", {"window", "surface", "pressed", "accentSoft"}, 4.5},
         {"quiet", {"window", "surface", "pressed", "placeholder"}, 4.5},
+        {"stale", {"window", "surface", "pressed"}, 4.5},
         {"accent", {"window", "surface", "pressed"}, 4.5},
         {"danger", {"window", "surface", "pressed", "dangerSoft"}, 4.5},
         {"accentInk", {"accent"}, 4.5},
