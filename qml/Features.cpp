@@ -37,7 +37,7 @@ bool isOffered(bool success, Setup &setup)
 using Question = bool (*)(Engine &engine);
 
 /** In the order of Features::Feature. */
-constexpr std::array<Question, 11> questions = {
+constexpr std::array<Question, 12> questions = {
     [](Engine &engine) { return engine.setup.isHACEnabled(); },
     [](Engine &engine) {
         PHONE_SETUP_HYPHENATION_T mode = PHONE_SETUP_HYPHENATION_DEFAULT;
@@ -75,6 +75,10 @@ constexpr std::array<Question, 11> questions = {
         return success ? capacity > 0 : isOffered(false, engine.setup);
     },
     [](Engine &engine) { return offers(engine.setup, &Setup::getMeterDisplay); },
+    [](Engine &engine) {
+        _TAPI_SECURITY_PIN_STATUS_E status = TAPI_SECURITY_PIN_STATUS_NOT_USED;
+        return engine.setup.readPin2Status(status) != TAPI_RESULT_SIM_UNAVAILABLE;
+    },
 };
 
 /** One request for all. Each step may be long, so calls need not wait for more than one. */

@@ -28,6 +28,7 @@ class Features : public Kvq::Subject {
     Q_PROPERTY(bool usimAccounts READ usimAccounts NOTIFY featuresChanged)
     Q_PROPERTY(bool networkSelection READ networkSelection NOTIFY featuresChanged)
     Q_PROPERTY(bool preferredNetworks READ preferredNetworks NOTIFY featuresChanged)
+    Q_PROPERTY(bool sim READ sim NOTIFY featuresChanged)
     Q_PROPERTY(bool ready READ isReady NOTIFY featuresChanged)
 
 public:
@@ -47,6 +48,8 @@ public:
     bool usimAccounts() const { return m_has[UsimAccounts]; }
     bool networkSelection() const { return m_has[NetworkSelection]; }
     bool preferredNetworks() const { return m_has[PreferredNetworks]; }
+    /** False while the phone has told that it has no SIM to ask. */
+    bool sim() const { return m_has[Sim]; }
     bool isReady() const { return m_ready; }
 
     Q_INVOKABLE void refresh();
@@ -70,6 +73,7 @@ private:
         NetworkSelection,
         PreferredNetworks,
         CallCosts,
+        Sim,
         FeatureCount
     };
 

@@ -17,6 +17,18 @@ QVariant LastKnown::value(const ValueName &name) const
     return found == m_values.end() ? QVariant() : found->second;
 }
 
+void LastKnown::keep(const ValueName &name, const QVariant &value)
+{
+    m_values[name] = value;
+    Q_EMIT changed(name);
+}
+
+void LastKnown::drop(const ValueName &name)
+{
+    if (m_values.erase(name) > 0)
+        Q_EMIT changed(name);
+}
+
 void LastKnown::setAvailable(const QMetaObject *type, bool available)
 {
     const bool changed = available ? m_lacking.erase(type) > 0 : m_lacking.insert(type).second;

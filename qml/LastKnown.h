@@ -35,8 +35,8 @@ public:
 
     /** Invalid when nothing is known. */
     QVariant value(const ValueName &name) const;
-    void keep(const ValueName &name, const QVariant &value) { m_values[name] = value; }
-    void drop(const ValueName &name) { m_values.erase(name); }
+    void keep(const ValueName &name, const QVariant &value);
+    void drop(const ValueName &name);
 
     /** Whether the product may have what items of a type show. */
     bool isAvailable(const QMetaObject *type) const { return m_lacking.count(type) == 0; }
@@ -47,6 +47,8 @@ public:
 
 Q_SIGNALS:
     void written(const Kvq::Setting *source, const QVariant &value);
+    /** A value was read or written, or is known no longer. */
+    void changed(const Kvq::ValueName &name);
     void availabilityChanged();
 
 private:

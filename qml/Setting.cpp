@@ -16,6 +16,7 @@ Setting::Setting(QVariant initial, Reader reader, Writer writer, QObject *item)
     , m_confirmed(m_initial)
 {
     connect(&LastKnown::instance(), &LastKnown::written, this, &Setting::adopt);
+    connect(&LastKnown::instance(), &LastKnown::changed, this, &Setting::follow);
 }
 
 void Setting::begin(const QMetaObject *type)
@@ -186,6 +187,19 @@ void Setting::adopt(const Setting *source, const QVariant &value)
     show();
     if (std::exchange(m_stale, false))
         Q_EMIT stateChanged();
+}
+
+/** One that has not read its value itself shows what others have last known. */
+void Setting::follow(const ValueName &changed)
+{
+    if ((m_known && !m_stale) || !m_reader || isBusy() || changed != name())
+        return;
+    const QVariant value = LastKnown::instance().value(changed);
+    m_known = value.isValid();
+    m_stale = m_known;
+    m_confirmed = m_known ? value : m_initial;
+    show();
+    Q_EMIT stateChanged();
 }
 
 void Setting::keep(const QVariant &value)

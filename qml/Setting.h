@@ -87,6 +87,7 @@ private:
     void show();
     void inherit();
     void adopt(const Setting *source, const QVariant &value);
+    void follow(const ValueName &changed);
     void keep(const QVariant &value);
     void dropStale();
     ValueName name() const;

@@ -36,6 +36,7 @@ TestCase {
     }
 
     function test_settings(data) {
+        const onlooker = createTemporaryObject(waitingComponent, test, { autoRefresh: false })
         const before = read(waitingComponent)
         before.enabled.value = true
         tryCompare(before, "busy", false, hang)
@@ -50,6 +51,8 @@ TestCase {
         tryCompare(item, "busy", false, hang)
         compare([item.enabled.value, item.enabled.known, item.enabled.stale, item.stale],
                 [data.value, data.known, data.stale, data.stale])
+        compare([onlooker.enabled.value, onlooker.enabled.known, onlooker.enabled.stale, onlooker.busy],
+                [data.value, data.known, data.known, false])
         const later = createTemporaryObject(waitingComponent, test)
         compare([later.enabled.known, later.enabled.stale], [data.known, data.known])
         later.enabled.value = false
