@@ -88,6 +88,9 @@ Options Options::ofCommandLine()
     parser.addHelpOption();
     parser.addVersionOption();
     parser.addOptions({page, theme, size, language, calm, noDesk, phone, press, screenshot, of, after});
+    parser.addPositionalArgument(QStringLiteral("address"),
+                                 QStringLiteral("Number to dial, tel:+493012345 for example."),
+                                 QStringLiteral("[address]"));
     parser.process(*QCoreApplication::instance());
 
     Options options;
@@ -109,8 +112,13 @@ Options Options::ofCommandLine()
     options.screenshotAfter = parser.value(after).toInt(&isNumber);
     if (!isNumber)
         refuse(QStringLiteral("milliseconds are a number, not \"%1\"").arg(parser.value(after)));
-    if (!parser.positionalArguments().isEmpty())
-        refuse(QStringLiteral("unexpected argument \"%1\"").arg(parser.positionalArguments().constFirst()));
+    const QStringList addresses = parser.positionalArguments();
+    if (addresses.size() > 1)
+        refuse(QStringLiteral("unexpected argument \"%1\"").arg(addresses[1]));
+    if (!addresses.isEmpty())
+        options.number = SingleInstance::numberOf(addresses[0]);
+    if (!addresses.isEmpty() && options.number.isEmpty())
+        refuse(QStringLiteral("an address is tel: and a number, not \"%1\"").arg(addresses[0]));
     return options;
 }
 
@@ -147,6 +155,8 @@ Application::Application(const Options &options)
 
     if (!options.page.isEmpty() && window()->property("page").toString() != options.page)
         refuse(QStringLiteral("there is no page \"%1\"").arg(options.page));
+    if (!options.number.isEmpty())
+        QMetaObject::invokeMethod(window(), "prepare", Q_ARG(QString, options.number));
     if (options.desk && Desk::isPresent())
         showDesk();
     if (!options.presses.isEmpty() || !options.screenshot.isEmpty()) {
@@ -169,6 +179,21 @@ bool Application::isGood() const
 QQuickWindow *Application::window() const
 {
     return isGood() ? qobject_cast<QQuickWindow *>(m_engine.rootObjects().constFirst()) : nullptr;
+}
+
+bool Application::show(const SingleInstance::Wish &wish) const
+{
+    QQuickWindow *const phone = window();
+    bool isThere = true;
+    if (!wish.page.isEmpty())
+        QMetaObject::invokeMethod(phone, "open", Q_RETURN_ARG(bool, isThere), Q_ARG(QString, wish.page));
+    if (!wish.number.isEmpty())
+        QMetaObject::invokeMethod(phone, "prepare", Q_ARG(QString, wish.number));
+    phone->setWindowStates(phone->windowStates() & ~Qt::WindowMinimized);
+    phone->show();
+    phone->raise();
+    phone->requestActivate();
+    return isThere;
 }
 
 QQuickItem *Application::find(QQuickItem *below, const QString &name)

@@ -1,7 +1,9 @@
 // The settings application: what its command line says, and the window that follows from it.
 #pragma once
 
+#include "SingleInstance.h"
 #include <QObject>
+
 #include <QQmlApplicationEngine>
 #include <QQuickWindow>
 #include <QSize>
@@ -16,6 +18,7 @@ class QQuickItem;
 /** What the command line says. */
 struct Options {
     QString page = {};     ///< the page to begin with, empty for the list
+    QString number = {};   ///< to be dialled, empty for none
     QString theme = {};    ///< "light", "dark", or empty for the system's
     QString language = {}; ///< empty for the system's
     QSize size = {};       ///< of the window, invalid for its own
@@ -26,6 +29,9 @@ struct Options {
     QString screenshot = {};        ///< file to draw the window into, then leave
     QString screenshotOf = {};      ///< "phone" or "desk"
     int screenshotAfter = -1; ///< milliseconds to wait before; negative waits until all requests are answered
+
+    /** Whether the window may be one that is open already: not for who watches or scripts a window of its own. */
+    bool sharesWindow() const { return phoneCommands.isEmpty() && presses.isEmpty() && screenshot.isEmpty(); }
 
     /** Reads the application's arguments. Ends the process with a message when they are wrong. */
     static Options ofCommandLine();
@@ -43,6 +49,8 @@ public:
     bool isGood() const;
     /** The phone's window, null when it could not be made. */
     QQuickWindow *window() const;
+    /** Brings the window to the front, with what is wished. False when there is no such page. */
+    bool show(const SingleInstance::Wish &wish) const;
     /** The panel for the desk, null where there is none. */
     QQuickWindow *desk() const { return m_desk.get(); }
 

@@ -20,6 +20,8 @@ T.Popup {
     property Request answer: null
     /** Somebody wants to dial another call; until then the pages dial none while one runs. */
     property bool adding: false
+    /** A number from outside that the dialling pad is to show. */
+    property string prepared
     property Request ending: null
     property bool keypad: false
     /** The tones of the call that talks, as they were sent. */

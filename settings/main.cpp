@@ -1,5 +1,6 @@
 // The program: it reads its arguments and shows the window.
 #include "Application.h"
+#include "SingleInstance.h"
 
 #include <QGuiApplication>
 #include <QIcon>
@@ -17,6 +18,15 @@ int main(int argc, char **argv)
     QGuiApplication::setWindowIcon(
         QIcon::fromTheme(QStringLiteral("kvq-settings"), QIcon(QStringLiteral(":/icon/kvq-settings.svg"))));
 
-    const Application application(Options::ofCommandLine());
-    return application.isGood() ? QGuiApplication::exec() : 1;
+    const Options options = Options::ofCommandLine();
+    SingleInstance instance;
+    if (options.sharesWindow()) {
+        if (const std::optional<int> status = instance.handOver({options.page, options.number}))
+            return *status;
+    }
+    const Application application(options);
+    if (!application.isGood())
+        return 1;
+    instance.serve([&application](const SingleInstance::Wish &wish) { return application.show(wish); });
+    return QGuiApplication::exec();
 }

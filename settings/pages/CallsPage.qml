@@ -93,6 +93,23 @@ PhonePage {
         }
     }
 
+    function takePrepared(): void {
+        if (callScreen === null || callScreen.prepared === "")
+            return;
+        field.text = callScreen.prepared;
+        callScreen.prepared = "";
+    }
+
+    onCallScreenChanged: takePrepared()
+
+    Connections {
+        target: page.callScreen
+
+        function onPreparedChanged() {
+            page.takePrepared();
+        }
+    }
+
     busy: request !== null && request.busy
     Component.onDestruction: {
         if (callScreen !== null)

@@ -196,7 +196,7 @@ TEST_F(KeyboardTest, IsAskedBeforeWhatCannotBeUndone)
         ASSERT_TRUE(waitFor([&] { return row->hasActiveFocus(); }));
         ASSERT_TRUE(settle());
         EXPECT_EQ(find(QStringLiteral("spent"))->property("value").toString(),
-                  sure ? QStringLiteral("0.00") : before);
+                  sure ? QStringLiteral("0.00 EUR") : before);
     }
 }
 
@@ -330,7 +330,7 @@ TEST_F(KeyboardTest, IsAskedForThePin2ThatAChangeWants)
     type(QStringLiteral("5678"));
     press(Qt::Key_Return);
     EXPECT_TRUE(waitFor([&] {
-        return find(QStringLiteral("spent"))->property("value").toString() == QLatin1String("0.00");
+        return find(QStringLiteral("spent"))->property("value").toString() == QLatin1String("0.00 EUR");
     }));
 }
 

@@ -14,6 +14,7 @@ SettingsTest::SettingsTest()
 SettingsTest::~SettingsTest()
 {
     close();
+    QLocale::setDefault(QLocale::c()); // the next test may not name its language
     phone().setDelay("*", {});
 }
 

@@ -26,6 +26,7 @@ protected:
     /** Opens the application at a page and waits until all has been read. */
     void open(const QString &page, Options options = {});
     void close() { m_application.reset(); }
+    const Application &application() const { return *m_application; }
     QQuickWindow &window() const { return *m_application->window(); }
 
     /** The page that is shown. */
