@@ -24,14 +24,35 @@ Window {
     /** Nothing moves and nothing is waited for. */
     readonly property bool settled: loaded && !CallSetup.busy && features.ready && !slide.running
 
-    function open(name: string): void {
+    /** False when there is no such page. */
+    function open(name: string): bool {
         if (directory.find(name) === null)
-            return;
+            return false;
         byKey = showsFocus();
         byHand = true;
         page = name;
         if (twoPanes)
             pageList.focusRow(name, Qt.OtherFocusReason);
+        return true;
+    }
+
+    /** Shows a number that somebody may want to call. */
+    function prepare(number: string): void {
+        callScreen.close();
+        callScreen.adding = callSummary.running.length > 0;
+        callScreen.prepared = number;
+        open("calls");
+    }
+
+    /** Opens a page at one of its settings. */
+    function openAt(name: string, setting: string): void {
+        wantedRow = "";
+        if (setting !== "" && shownPage === name && pageItem) {
+            pageItem.showRow(setting);
+            return;
+        }
+        open(name);
+        wantedRow = setting;
     }
 
     /** Whether the keyboard led to where the focus is. */
@@ -59,6 +80,8 @@ Window {
 
     /** Whether a move shows where the page came from; resizing the window does not. */
     property bool byHand: false
+    /** The row that the page is to begin with, where it is not its first. */
+    property string wantedRow
     /** Whether the page was opened by keyboard, and its first control is to show the focus. */
     property bool byKey: false
 
@@ -173,7 +196,7 @@ Window {
                 focus: true
                 directory: directory
                 selected: window.twoPanes ? window.shownPage : ""
-                onPicked: name => window.open(name)
+                onPicked: (name, setting) => window.openAt(name, setting)
                 Keys.onRightPressed: {
                     if (window.twoPanes && window.pageItem)
                         window.pageItem.focusFirst(Qt.TabFocusReason);
@@ -231,7 +254,9 @@ Window {
                         window.pageItem.title = kept.title;
                         window.pageItem.hasBack = !window.twoPanes;
                         window.pageItem.callScreen = callScreen;
-                        if (!window.twoPanes)
+                        if (window.wantedRow !== "" && window.pageItem.showRow(window.wantedRow))
+                            window.wantedRow = "";
+                        else if (!window.twoPanes)
                             window.pageItem.focusFirst(window.byKey ? Qt.TabFocusReason : Qt.OtherFocusReason);
                     }
 

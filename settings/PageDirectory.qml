@@ -7,6 +7,9 @@ QtObject {
     id: directory
 
     required property Features features
+    readonly property Glance glance: Glance {
+        features: directory.features
+    }
 
     readonly property list<PageEntry> calls: [
         PageEntry {
@@ -20,6 +23,23 @@ QtObject {
             title: qsTr("Call preferences")
             symbol: "preferences"
             file: "PreferencesPage.qml"
+            settings: [
+                qsTranslate("PreferencesPage", "Answer automatically"),
+                qsTranslate("PreferencesPage", "Redial automatically"),
+                qsTranslate("PreferencesPage", "Add the national prefix"),
+                qsTranslate("PreferencesPage", "Group the digits of numbers"),
+                qsTranslate("PreferencesPage", "Keypad tones in a call"),
+                qsTranslate("PreferencesPage", "Search names"),
+                qsTranslate("PreferencesPage", "Remind of missed calls"),
+                qsTranslate("PreferencesPage", "Message alert during a call"),
+                qsTranslate("PreferencesPage", "Alert when roaming"),
+                qsTranslate("PreferencesPage", "Tone when a call drops"),
+                qsTranslate("PreferencesPage", "Tone during a call"),
+                qsTranslate("PreferencesPage", "Hearing aid"),
+                qsTranslate("PreferencesPage", "Text telephone"),
+                Product.flip ? qsTranslate("PreferencesPage", "Answer by opening the phone") : "",
+                Product.anyKey ? qsTranslate("PreferencesPage", "Answer with any key") : ""
+            ]
         },
         PageEntry {
             name: "speed-dial"
@@ -32,6 +52,12 @@ QtObject {
             title: qsTr("Video calls")
             symbol: "video"
             file: "VideoPage.qml"
+            settings: [
+                qsTranslate("VideoPage", "Start with the camera off"),
+                qsTranslate("VideoPage", "Fall back to a voice call"),
+                qsTranslate("VideoPage", "Tell when video is possible"),
+                qsTranslate("VideoPage", "Picture")
+            ]
             offered: Product.video
         }
     ]
@@ -42,6 +68,12 @@ QtObject {
             title: qsTr("Call forwarding")
             symbol: "forwarding"
             file: "ForwardingPage.qml"
+            settings: [
+                qsTranslate("ForwardingPage", "Always"),
+                qsTranslate("ForwardingPage", "When busy"),
+                qsTranslate("ForwardingPage", "When not answered"),
+                qsTranslate("ForwardingPage", "When not reachable")
+            ]
             offered: directory.features.forwarding
         },
         PageEntry {
@@ -49,6 +81,11 @@ QtObject {
             title: qsTr("Caller ID and waiting")
             symbol: "caller"
             file: "CallerIdPage.qml"
+            settings: [
+                qsTranslate("CallerIdPage", "All calls"),
+                qsTranslate("CallerIdPage", "The next call only"),
+                qsTranslate("CallerIdPage", "Call waiting")
+            ]
             offered: directory.features.callerId || directory.features.callWaiting
         },
         PageEntry {
@@ -56,6 +93,18 @@ QtObject {
             title: qsTr("Call costs")
             symbol: "costs"
             file: "CostsPage.qml"
+            settings: [
+                qsTranslate("CostsPage", "Credit left"),
+                qsTranslate("CostsPage", "Spent so far"),
+                qsTranslate("CostsPage", "Reset the costs"),
+                qsTranslate("CostsPage", "Cost limit"),
+                qsTranslate("CostsPage", "Price of a unit"),
+                qsTranslate("CostsPage", "Show costs after a call"),
+                qsTranslate("CostsPage", "Show costs in"),
+                qsTranslate("CostsPage", "Time left"),
+                qsTranslate("CostsPage", "Time of all calls"),
+                qsTranslate("CostsPage", "Reset the time")
+            ]
             offered: directory.features.callCosts
         }
     ]
@@ -66,6 +115,11 @@ QtObject {
             title: qsTr("Lines")
             symbol: "lines"
             file: "LinesPage.qml"
+            settings: [
+                qsTranslate("LinesPage", "Line in use"),
+                qsTranslate("LinesPage", "Lock the line"),
+                qsTranslate("LinesPage", "Voice mail of its own")
+            ]
             offered: directory.features.lines
         },
         PageEntry {
@@ -73,6 +127,13 @@ QtObject {
             title: qsTr("SIM security")
             symbol: "security"
             file: "SecurityPage.qml"
+            settings: [
+                qsTranslate("SecurityPage", "Lock SIM with PIN"),
+                qsTranslate("SecurityPage", "Change PIN"),
+                qsTranslate("SecurityPage", "State"),
+                qsTranslate("SecurityPage", "Change PIN2"),
+                qsTranslate("SecurityPage", "Only numbers on the SIM’s list")
+            ]
         },
         PageEntry {
             name: "own-numbers"
@@ -89,6 +150,14 @@ QtObject {
             title: qsTr("Network selection")
             symbol: "network"
             file: "NetworksPage.qml"
+            settings: [
+                qsTranslate("NetworksPage", "Provider"),
+                qsTranslate("NetworksPage", "Automatic"),
+                qsTranslate("NetworksPage", "Search for networks"),
+                qsTranslate("NetworksPage", "Look for a better network"),
+                qsTranslate("NetworksPage", "Frequency band"),
+                qsTranslate("NetworksPage", "Tone when service comes or goes")
+            ]
             offered: directory.features.networkSelection
         },
         PageEntry {
@@ -96,6 +165,9 @@ QtObject {
             title: qsTr("Preferred networks")
             symbol: "preferred"
             file: "PreferredPage.qml"
+            settings: [
+                qsTranslate("PreferredPage", "Add a network")
+            ]
             offered: directory.features.preferredNetworks
         },
         PageEntry {
@@ -103,6 +175,14 @@ QtObject {
             title: qsTr("About the phone")
             symbol: "about"
             file: "AboutPage.qml"
+            settings: [
+                qsTranslate("AboutPage", "IMEI"),
+                qsTranslate("AboutPage", "Radio"),
+                qsTranslate("AboutPage", "Version"),
+                qsTranslate("AboutPage", "Configuration"),
+                qsTranslate("AboutPage", "Sound processing"),
+                qsTranslate("AboutPage", "Telephony")
+            ]
         }
     ]
 
@@ -122,6 +202,23 @@ QtObject {
             }
         }
         return found;
+    }
+
+    /** The pages and settings whose names have all of the words, each with its page. */
+    function search(query: string): var {
+        const plain = text => text.toLocaleLowerCase().normalize("NFD").replace(/[\u0300-\u036f]/g, "");
+        const words = plain(query).split(/\s+/).filter(word => word !== "");
+        const hits = [];
+        for (const page of offered) {
+            for (const setting of ["", ...page.settings.filter(setting => setting !== "")]) {
+                const name = plain(setting !== "" ? setting : page.title);
+                // A word may be the page's, but one at least is the setting's own.
+                const all = plain(page.title) + " " + name;
+                if (words.some(word => name.includes(word)) && words.every(word => all.includes(word)))
+                    hits.push({ page: page, setting: setting });
+            }
+        }
+        return hits;
     }
 
     function find(name: string): PageEntry {

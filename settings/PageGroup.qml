@@ -7,12 +7,17 @@ Section {
 
     required property var modelData
     property string selected
+    /** What to tell of the pages, by their names. */
+    property var glances: ({})
+    /** Whether the list is searched, which shows other rows. */
+    property bool searched
     readonly property Repeater entries: repeater
 
     signal picked(string name)
 
     heading: modelData.heading
-    visible: {
+    visible: !searched && hasPages
+    readonly property bool hasPages: {
         for (let row = 0; row < modelData.pages.length; ++row) {
             if (modelData.pages[row].offered)
                 return true;
@@ -32,6 +37,7 @@ Section {
             objectName: "page:" + name
             visible: modelData.offered
             label: modelData.title
+            description: group.glances[name] ?? ""
             symbol: modelData.symbol
             role: Accessible.ListItem
             selected: group.selected === name

@@ -9,7 +9,9 @@ SettingsPage {
     /** The page that stands beside the list, empty when none does. */
     property string selected
 
-    signal picked(string name)
+    readonly property string query: field.text.trim()
+
+    signal picked(string name, string setting)
 
     /** The row of a page. */
     function rowOf(name: string): Item {
@@ -25,7 +27,10 @@ SettingsPage {
 
     /** Gives the keyboard to the row of a page. */
     function focusRow(name: string, reason: int): void {
-        rowOf(name)?.forceActiveFocus(reason);
+        if (query !== "")
+            focusFirst(reason);
+        else
+            rowOf(name)?.forceActiveFocus(reason);
     }
 
     function showSelected(): void {
@@ -45,6 +50,67 @@ SettingsPage {
     }
 
     title: qsTr("Call settings")
+    Keys.onEscapePressed: event => {
+        event.accepted = field.text !== "";
+        field.text = "";
+    }
+
+    pinned: Item {
+        width: parent ? parent.width : implicitWidth
+        height: field.height
+
+        Field {
+            id: field
+
+            objectName: "search-pages"
+            hint: qsTr("Search")
+            input.rightPadding: clear.width
+        }
+
+        IconButton {
+            id: clear
+
+            objectName: "clear-search"
+            anchors.right: parent.right
+            visible: field.text !== ""
+            symbol: "remove"
+            text: qsTr("Clear the search")
+            onClicked: {
+                field.text = "";
+                field.input.forceActiveFocus();
+            }
+        }
+    }
+
+    Section {
+        visible: list.query !== ""
+
+        Repeater {
+            id: hits
+
+            model: list.query !== "" ? list.directory.search(list.query) : []
+
+            EntryRow {
+                required property var modelData
+                readonly property string setting: modelData.setting
+                readonly property PageEntry entry: modelData.page
+
+                objectName: "hit:" + entry.name + (setting !== "" ? ":" + setting : "")
+                label: setting !== "" ? setting : entry.title
+                description: setting !== "" ? entry.title : list.directory.glance.texts[entry.name] ?? ""
+                symbol: entry.symbol
+                role: Accessible.ListItem
+                onPressed: list.picked(entry.name, setting)
+            }
+        }
+
+        SettingRow {
+            objectName: "no-hit"
+            visible: hits.count === 0
+            label: qsTr("Nothing found")
+            ink: Theme.quiet
+        }
+    }
 
     Repeater {
         id: groups
@@ -53,7 +119,9 @@ SettingsPage {
 
         PageGroup {
             selected: list.selected
-            onPicked: name => list.picked(name)
+            glances: list.directory.glance.texts
+            searched: list.query !== ""
+            onPicked: name => list.picked(name, "")
         }
     }
 }

@@ -66,6 +66,27 @@ FocusScope {
             scroll.forceActiveFocus(reason);
     }
 
+    /** Leads to the row that is called so; false when the page has none. */
+    function showRow(label: string): bool {
+        const row = find(column, label);
+        if (row === null)
+            return false;
+        row.forceActiveFocus(Qt.TabFocusReason);
+        scroll.show(row);
+        return true;
+    }
+
+    function find(below: Item, label: string): Item {
+        if (below instanceof SettingRow && below.visible && below.label === label)
+            return below;
+        for (let child = 0; child < below.children.length; ++child) {
+            const row = find(below.children[child], label);
+            if (row !== null)
+                return row;
+        }
+        return null;
+    }
+
     function contains(item: Item): bool {
         for (let i = item; i; i = i.parent) {
             if (i === page)

@@ -692,6 +692,77 @@
     </message>
 </context>
 <context>
+    <name>Glance</name>
+    <message>
+        <source>Answers automatically</source>
+        <translation>Nimmt Anrufe automatisch an</translation>
+    </message>
+    <message>
+        <source>Number hidden</source>
+        <translation>Rufnummer verborgen</translation>
+    </message>
+    <message>
+        <source>Call waiting on</source>
+        <translation>Anklopfen ein</translation>
+    </message>
+    <message>
+        <source>Call waiting off</source>
+        <translation>Anklopfen aus</translation>
+    </message>
+    <message>
+        <source>Line %1</source>
+        <translation>Leitung %1</translation>
+    </message>
+    <message>
+        <source>chosen by hand</source>
+        <translation>von Hand gewählt</translation>
+    </message>
+    <message>
+        <source>Always</source>
+        <translation>Immer</translation>
+    </message>
+    <message>
+        <source>When busy</source>
+        <translation>Wenn besetzt</translation>
+    </message>
+    <message>
+        <source>When not answered</source>
+        <translation>Ohne Antwort</translation>
+    </message>
+    <message>
+        <source>When not reachable</source>
+        <translation>Nicht erreichbar</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Aus</translation>
+    </message>
+    <message>
+        <source>%1 of %2 spent</source>
+        <translation>%1 von %2 verbraucht</translation>
+    </message>
+    <message>
+        <source>%1 spent</source>
+        <translation>%1 verbraucht</translation>
+    </message>
+    <message>
+        <source>PIN blocked</source>
+        <translation>PIN gesperrt</translation>
+    </message>
+    <message>
+        <source>PIN asked for</source>
+        <translation>PIN wird abgefragt</translation>
+    </message>
+    <message>
+        <source>PIN not asked for</source>
+        <translation>PIN wird nicht abgefragt</translation>
+    </message>
+    <message>
+        <source>No SIM</source>
+        <translation>Keine SIM</translation>
+    </message>
+</context>
+<context>
     <name>IncomingCall</name>
     <message>
         <source>Incoming call</source>
@@ -1023,6 +1094,18 @@
     <message>
         <source>Call settings</source>
         <translation>Anrufeinstellungen</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Clear the search</source>
+        <translation>Suche leeren</translation>
+    </message>
+    <message>
+        <source>Nothing found</source>
+        <translation>Nichts gefunden</translation>
     </message>
 </context>
 <context>

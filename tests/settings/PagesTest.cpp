@@ -10,6 +10,7 @@ using namespace std::chrono_literals;
 constexpr int notSupported = 0x9000;
 constexpr int timedOut = 0x9001;
 constexpr int refused = 0x8000;
+constexpr int simUnavailable = 0x800A;
 
 class PagesTest : public SettingsTest {
 protected:
@@ -382,6 +383,91 @@ TEST_F(PagesTest, WhatItsMakerSaysThatThePhoneLacksIsNotShown)
         EXPECT_EQ(valuesOf("words").contains(QStringLiteral("Fax")), !lacks);
     }
     qputenv("XDG_CONFIG_HOME", before);
+}
+
+TEST_F(PagesTest, TheListTellsWhatMattersAtAGlanceWithoutAsking)
+{
+    open(QString(), {.calm = true});
+    ASSERT_TRUE(settle());
+    const auto glance = [this](const char *name) {
+        const QQuickItem *const row = find(QStringLiteral("page:") + QLatin1String(name));
+        return row ? row->property("description").toString() : QStringLiteral("no row");
+    };
+    for (const char *const name : {"forwarding", "security", "costs", "networks"})
+        EXPECT_EQ(glance(name), QString()) << name << ": nothing was read yet";
+
+    phone().setAnswer("TAPI_SECURITY_GetPin1Status", {.result = 0, .out = {std::string(1, '\1')}});
+    for (const char *const name : {"forwarding", "security", "costs", "caller-id"})
+        look(QLatin1String(name));
+    EXPECT_EQ(glance("forwarding"), QStringLiteral("Off"));
+    EXPECT_EQ(glance("security"), QStringLiteral("PIN asked for"));
+    EXPECT_EQ(glance("costs"), QStringLiteral("3.20 of 50.00 spent"));
+    EXPECT_EQ(glance("caller-id"), QStringLiteral("Call waiting on"));
+
+    // What is changed on a page is told at once.
+    enter(QStringLiteral("forwarding"));
+    ASSERT_TRUE(settle());
+    auto *const rule = find(QStringLiteral("when-busy"))->property("rule").value<QObject *>();
+    ASSERT_TRUE(QMetaObject::invokeMethod(rule, "activate", Q_ARG(QString, QStringLiteral("+4930123")),
+                                          Q_ARG(int, 0)));
+    ASSERT_TRUE(settle());
+    leave();
+    EXPECT_EQ(glance("forwarding"), QStringLiteral("When busy"));
+
+    close();
+    phone().setAnswer("TAPI_SECURITY_*", {.result = simUnavailable, .out = {}, .times = -1});
+    open(QString(), {.calm = true});
+    ASSERT_TRUE(settle());
+    EXPECT_EQ(glance("security"), QStringLiteral("No SIM"));
+    phone().clearAnswer("TAPI_SECURITY_*");
+}
+
+TEST_F(PagesTest, PagesAndSettingsAreFoundByTheirWords)
+{
+    for (const char *const language : {"en", "de"}) {
+        open(QString(), {.language = QLatin1String(language), .calm = true});
+        ASSERT_TRUE(settle());
+        ASSERT_TRUE(QMetaObject::invokeMethod(find(QStringLiteral("search-pages")), "type",
+                                              Q_ARG(QString, QStringLiteral("zzz"))));
+        EXPECT_TRUE(waitForItem(QStringLiteral("no-hit")));
+        EXPECT_EQ(find(QStringLiteral("page:calls")), nullptr);
+        ASSERT_TRUE(click(QStringLiteral("clear-search")));
+        EXPECT_TRUE(waitForItem(QStringLiteral("page:calls")));
+
+        // Every setting that can be found is where the search says, and every setting can be found.
+        const QVariantList pages =
+            window().property("pages").value<QObject *>()->property("offered").toList();
+        for (const QVariant &entry : pages) {
+            const auto *const entered = entry.value<QObject *>();
+            const QString name = entered->property("name").toString();
+            const QStringList settings = entered->property("settings").toStringList();
+            if (settings.isEmpty())
+                continue;
+            QMetaObject::invokeMethod(find(QStringLiteral("search-pages")), "type",
+                                      Q_ARG(QString, settings.constLast()));
+            ASSERT_TRUE(click(QStringLiteral("hit:") + name + QLatin1Char(':') + settings.constLast()))
+                << settings.constLast().toStdString();
+            ASSERT_TRUE(waitFor([&] { return page() != nullptr; }));
+            EXPECT_TRUE(waitFor([&] {
+                const QQuickItem *row = window().activeFocusItem();
+                while (row && row->property("label").toString() != settings.constLast())
+                    row = row->parentItem();
+                return row != nullptr;
+            })) << settings.constLast().toStdString();
+            ASSERT_TRUE(settle());
+            const QStringList labels = valuesOf("label");
+            for (const QString &setting : settings)
+                EXPECT_TRUE(labels.contains(setting)) << setting.toStdString();
+            visit(page(), [&](QQuickItem &item) {
+                if (item.property("setting").isValid()) {
+                    EXPECT_TRUE(settings.contains(item.property("label").toString()))
+                        << item.property("label").toString().toStdString();
+                }
+            });
+            leave();
+            ASSERT_TRUE(click(QStringLiteral("clear-search")));
+        }
+    }
 }
 
 TEST_F(PagesTest, ALimitIsRemoved)
