@@ -127,6 +127,7 @@ Application::Application(const Options &options)
 {
     const QLocale locale = options.language.isEmpty() ? QLocale() : QLocale(options.language);
     QLocale::setDefault(locale);
+    QGuiApplication::setLayoutDirection(locale.textDirection());
     if (m_translator.load(locale, QStringLiteral("kvq-settings"), QStringLiteral("_"),
                           QStringLiteral(":/i18n")))
         QCoreApplication::installTranslator(&m_translator);

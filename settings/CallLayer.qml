@@ -58,6 +58,9 @@ T.Popup {
     }
 
     contentItem: Column { // qmllint disable deferred-property-id
+        LayoutMirroring.enabled: Theme.mirrored
+        LayoutMirroring.childrenInherit: true
+
         ReturnBar {
             id: bar
 

@@ -177,6 +177,9 @@ T.Popup {
     contentItem: FocusScope { // qmllint disable deferred-property-id
         id: body
 
+        LayoutMirroring.enabled: Theme.mirrored
+        LayoutMirroring.childrenInherit: true
+
         readonly property real half: screen.sideways ? Math.floor(width / 2) : width
         readonly property real column: Math.min(half, Theme.contentWidth) - 2 * Theme.unit
 

@@ -167,6 +167,8 @@ Window {
 
         anchors.fill: parent
         focus: true
+        LayoutMirroring.enabled: Theme.mirrored
+        LayoutMirroring.childrenInherit: true
         Keys.onEscapePressed: window.back()
         Keys.onBackPressed: event => {
             event.accepted = window.page !== "" && !window.twoPanes;
@@ -190,9 +192,10 @@ Window {
             PageList {
                 id: pageList
 
+                x: window.twoPanes && Theme.mirrored ? parent.width - width : 0
                 width: window.twoPanes ? 320 : parent.width
                 height: parent.height
-                visible: window.twoPanes || stage.x > 0
+                visible: window.twoPanes || stage.x !== 0
                 focus: true
                 directory: directory
                 selected: window.twoPanes ? window.shownPage : ""
@@ -204,7 +207,7 @@ Window {
             }
 
             Rectangle {
-                x: 320
+                x: Theme.mirrored ? parent.width - 321 : 320
                 width: 1
                 height: parent.height
                 color: Theme.hairline
@@ -214,11 +217,14 @@ Window {
             Rectangle {
                 id: stage
 
-                x: window.twoPanes ? 321 : window.shownPage !== "" ? 0 : parent.width
-                width: window.twoPanes ? parent.width - x : parent.width
+                // Where it is hidden: on the side from which it comes.
+                readonly property real away: Theme.mirrored ? -parent.width : parent.width
+
+                x: window.twoPanes ? (Theme.mirrored ? 0 : 321) : window.shownPage !== "" ? 0 : away
+                width: window.twoPanes ? parent.width - 321 : parent.width
                 height: parent.height
                 color: Theme.window
-                visible: x < parent.width
+                visible: x !== away
 
                 Behavior on x {
                     enabled: window.byHand && !window.twoPanes

@@ -64,7 +64,7 @@ SettingsPage {
 
             objectName: "search-pages"
             hint: qsTr("Search")
-            input.rightPadding: clear.width
+            endRoom: clear.width
         }
 
         IconButton {

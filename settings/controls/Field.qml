@@ -21,6 +21,9 @@ Column {
     /** Whether a button takes back what was typed, for who has no keyboard. */
     property bool erasable
 
+    /** How much of the end something else takes. */
+    property real endRoom: 0
+
     signal accepted()
 
     /** What a key on the screen types. */
@@ -54,8 +57,8 @@ Column {
 
         width: parent.width
         implicitHeight: Theme.touch
-        leftPadding: Theme.unit + 4
-        rightPadding: eraser.visible ? eraser.width : Theme.unit + 4
+        leftPadding: room(Theme.mirrored)
+        rightPadding: room(!Theme.mirrored)
         verticalAlignment: TextInput.AlignVCenter
         font.pixelSize: field.number || field.digits || field.amount ? Theme.title : Theme.body
         color: Theme.text
@@ -75,6 +78,10 @@ Column {
         Accessible.passwordEdit: field.masked
         // Qt tells no name of what is masked.
         Accessible.description: Plain.shown(input.Accessible.name === "" ? field.label : "")
+
+        function room(atEnd: bool): real {
+            return atEnd && field.erasable ? eraser.width : atEnd ? Math.max(field.endRoom, Theme.unit + 4) : Theme.unit + 4;
+        }
 
         onAccepted: field.accepted()
         onTextEdited: {

@@ -10,5 +10,6 @@ IconImage {
     sourceSize.width: side
     sourceSize.height: side
     color: Theme.text
+    mirror: Theme.mirrored && (symbol === "back" || symbol === "chevron-right")
     Accessible.ignored: true
 }

@@ -33,6 +33,9 @@ Grid {
 
     columns: 3
     spacing: Theme.unit
+    // Keypads are the same in every script.
+    LayoutMirroring.enabled: false
+    LayoutMirroring.childrenInherit: true
 
     Repeater {
         id: keys
@@ -123,14 +126,15 @@ Grid {
                     PlainText {
                         anchors.horizontalCenter: parent.horizontalCenter
                         words: key.sign
-                        font.pixelSize: Theme.title
+                        font.pixelSize: Math.min(Theme.title, key.height * 0.6)
                         color: Theme.text
                         Accessible.ignored: true
                     }
 
                     PlainText {
                         anchors.horizontalCenter: parent.horizontalCenter
-                        visible: text !== ""
+                        // Large digits leave them no room.
+                        visible: text !== "" && key.height >= 1.5 * (Theme.title + Theme.small) - 8
                         words: key.modelData[1]
                         font.pixelSize: Theme.small
                         font.letterSpacing: 1

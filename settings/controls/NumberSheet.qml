@@ -21,6 +21,7 @@ Sheet {
         field.input.selectAll();
     }
 
+    padded: true
     ready: optional || field.text !== ""
 
     Field {
@@ -33,11 +34,8 @@ Sheet {
         onAccepted: sheet.accept()
     }
 
-    NumberPad {
-        width: parent.width
-        keyHeight: 48
-        spacing: 6
-        ground: Theme.window
+    SheetPad {
+        sheet: sheet
         onKeyPressed: key => field.type(key)
         onKeyHeld: key => {
             if (key === "0") {

@@ -19,7 +19,8 @@ Item {
         id: back
 
         anchors.verticalCenter: parent.verticalCenter
-        x: Theme.unit / 2
+        anchors.left: parent.left
+        anchors.leftMargin: Theme.unit / 2
         visible: header.hasBack
         symbol: "back"
         text: qsTr("Back")
@@ -30,8 +31,11 @@ Item {
         id: name
 
         anchors.verticalCenter: parent.verticalCenter
-        x: back.visible ? back.x + back.width + Theme.unit / 2 : header.indent
-        width: header.width - x - mark.width - Theme.margin
+        readonly property real indent: back.visible ? back.width + Theme.unit : header.indent
+
+        anchors.left: parent.left
+        anchors.leftMargin: indent
+        width: header.width - indent - mark.width - Theme.margin
         words: header.title
         font.pixelSize: Theme.title
         font.weight: Font.DemiBold

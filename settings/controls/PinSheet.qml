@@ -53,6 +53,7 @@ Sheet {
         return (fields.itemAt(step) as Field)?.text ?? "";
     }
 
+    padded: true
     action: last ? verb : qsTr("Next")
     ready: field !== null && field.text.length >= (step === 0 ? least : 4)
     onClosed: forget()
@@ -107,11 +108,9 @@ Sheet {
             Accessible.name: text
         }
 
-        NumberPad {
-            width: parent.width
+        SheetPad {
+            sheet: sheet
             dial: false
-            keyHeight: 48
-            ground: Theme.window
             onKeyPressed: key => sheet.field?.type(key)
             onTakeBack: sheet.field?.takeBack()
         }

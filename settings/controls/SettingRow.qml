@@ -99,7 +99,7 @@ FocusScope {
     implicitHeight: stack.implicitHeight
 
     Rectangle {
-        x: Theme.margin
+        anchors.right: parent.right
         width: parent.width - Theme.margin
         height: 1
         color: Theme.hairline

@@ -16,6 +16,10 @@ T.Popup {
     property string failure
     default property alias content: body.data
 
+    /** It has keys, which stand beside the rest where the screen is low. */
+    property bool padded: false
+    readonly property bool sideways: padded && parent !== null && parent.width > parent.height && parent.height < 420
+    readonly property Item aside: beside
     readonly property bool wide: parent !== null && parent.width >= Theme.twoPanes
     /** How far the sheet is still below its place, from 1 to 0. */
     property real rise: 0
@@ -41,9 +45,10 @@ T.Popup {
     parent: T.Overlay.overlay
     x: parent ? Math.round((parent.width - width) / 2) : 0
     y: parent ? Math.round((wide ? (parent.height - height) / 2 : parent.height - height) + rise * height / 4) : 0
-    width: parent ? Math.min(parent.width, 400) : 400
+    width: parent ? Math.min(parent.width, sideways ? 640 : 400) : 400
     height: Math.min(implicitHeight, parent ? parent.height - Theme.reserved - 2 * Theme.unit : implicitHeight)
-    implicitHeight: column.implicitHeight + Theme.margin + buttons.height + topPadding + bottomPadding
+    implicitHeight: Math.max(column.implicitHeight + Theme.margin + buttons.height, sideways ? 4 * 56 : 0)
+        + topPadding + bottomPadding
     padding: Theme.margin
     modal: true
     focus: true
@@ -89,6 +94,12 @@ T.Popup {
 
     // What a sheet asks for stands in it, so it is made at once.
     contentItem: Item { // qmllint disable deferred-property-id
+        id: whole
+
+        readonly property real half: sheet.sideways ? (width - Theme.margin) / 2 : width
+
+        LayoutMirroring.enabled: Theme.mirrored
+        LayoutMirroring.childrenInherit: true
         Accessible.role: Accessible.Dialog
         Accessible.name: Plain.shown(sheet.title)
 
@@ -96,8 +107,8 @@ T.Popup {
             id: scroll
 
             // Room for the mark of the scroll bar and, on all sides, for the ring around a button.
-            x: -Theme.unit / 2
-            width: parent.width + Theme.unit + Theme.unit / 2
+            x: (Theme.mirrored ? whole.width - whole.half - Theme.unit : 0) - Theme.unit / 2
+            width: whole.half + Theme.unit + Theme.unit / 2
             height: parent.height - buttons.height - Theme.margin
             contentHeight: column.implicitHeight
 
@@ -168,9 +179,9 @@ T.Popup {
 
         // There is more below.
         Rectangle {
-            x: -sheet.leftPadding
+            x: sheet.sideways ? scroll.x : -sheet.leftPadding
             y: scroll.height
-            width: sheet.width
+            width: sheet.sideways ? scroll.width : sheet.width
             height: 1
             color: Theme.hairline
             visible: !scroll.atYEnd
@@ -182,7 +193,8 @@ T.Popup {
             readonly property real side: (width - spacing) / 2
 
             anchors.bottom: parent.bottom
-            width: parent.width
+            anchors.left: parent.left
+            width: whole.half
             spacing: Theme.unit
 
             PushButton {
@@ -210,6 +222,15 @@ T.Popup {
                     busy: sheet.busy
                 }
             }
+        }
+
+        Item {
+            id: beside
+
+            anchors.right: parent.right
+            width: whole.half
+            height: parent.height
+            visible: sheet.sideways
         }
     }
 }

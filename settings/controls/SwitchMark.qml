@@ -18,7 +18,9 @@ Rectangle {
 
     Rectangle {
         anchors.verticalCenter: parent.verticalCenter
-        x: !mark.known ? (mark.width - width) / 2 : mark.on ? mark.width - width - 4 : 6
+        readonly property real place: !mark.known ? (mark.width - width) / 2 : mark.on ? mark.width - width - 4 : 6
+
+        x: Theme.mirrored ? mark.width - width - place : place
         width: mark.on ? 20 : 16
         height: width
         radius: height / 2

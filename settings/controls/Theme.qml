@@ -14,6 +14,9 @@ QtObject {
     readonly property SystemPalette system: SystemPalette {}
     readonly property bool dark: wanted === "" ? system.window.hslLightness < 0.5 : wanted === "dark"
 
+    /** The language is written from right to left. */
+    readonly property bool mirrored: Application.layoutDirection === Qt.RightToLeft
+
     /** The letters of the system, and how much larger than usual they are. */
     readonly property FontMetrics letters: FontMetrics {}
     readonly property real enlarged: Math.max(1, Math.min(2, letters.font.pointSize / 12))

@@ -230,6 +230,7 @@ PhonePage {
 
         title: qsTr("Cost limit")
         action: qsTr("Save")
+        padded: true
         ready: /[0-9]/.test(amount.text)
         onAccepted: {
             costs.maximum.value = Decimal.plain(amount.text);
@@ -245,12 +246,10 @@ PhonePage {
             onAccepted: limitSheet.accept()
         }
 
-        NumberPad {
-            width: parent.width
+        SheetPad {
+            sheet: limitSheet
             dial: false
             decimalSign: Decimal.sign
-            keyHeight: 48
-            ground: Theme.window
             onKeyPressed: key => amount.type(key)
             onTakeBack: amount.takeBack()
         }
@@ -283,6 +282,7 @@ PhonePage {
             ? qsTr("The limit is %1 now. The SIM keeps it in units, so another price changes it: look at it afterwards.").arg(page.money(costs.maximum.value))
             : ""
         action: qsTr("Save")
+        padded: true
         ready: /[0-9]/.test(price.text) && currency.text !== ""
         onAccepted: {
             costs.price.setPrice(Decimal.plain(price.text), currency.text);
@@ -306,12 +306,10 @@ PhonePage {
             onAccepted: priceSheet.accept()
         }
 
-        NumberPad {
-            width: parent.width
+        SheetPad {
+            sheet: priceSheet
             dial: false
             decimalSign: Decimal.sign
-            keyHeight: 48
-            ground: Theme.window
             onKeyPressed: key => price.type(key)
             onTakeBack: price.takeBack()
         }

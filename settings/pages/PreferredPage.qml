@@ -155,6 +155,7 @@ PhonePage {
         title: qsTr("Add a network")
         text: byCode ? qsTr("Country code and network code, five or six digits.") : ""
         action: qsTr("Add")
+        padded: byCode
         ready: byCode && code.text.length >= 5
         onAccepted: add(code.text)
 
@@ -196,12 +197,10 @@ PhonePage {
             onAccepted: sheet.accept()
         }
 
-        NumberPad {
-            width: parent.width
-            visible: sheet.byCode
+        SheetPad {
+            sheet: sheet
+            visible: sheet.byCode && !beside
             dial: false
-            keyHeight: 48
-            ground: Theme.window
             onKeyPressed: key => code.type(key)
             onTakeBack: code.takeBack()
         }

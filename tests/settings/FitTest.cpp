@@ -147,6 +147,69 @@ TEST_P(FitTest, Calls)
     }
 }
 
+class LayoutTest : public SettingsTest {
+protected:
+    QRectF placeOf(const char *name) const
+    {
+        const QQuickItem *const item = find(QLatin1String(name));
+        EXPECT_NE(item, nullptr) << name;
+        return item ? item->mapRectToScene(item->boundingRect()) : QRectF();
+    }
+};
+
+TEST_F(LayoutTest, IsMirroredWhereTheLanguageRunsFromRightToLeft)
+{
+    for (const bool mirrored : {false, true}) {
+        SCOPED_TRACE(mirrored);
+        const QString language = mirrored ? QStringLiteral("ar") : QStringLiteral("en");
+        open(QStringLiteral("preferences"), {.language = language, .size = QSize(320, 568), .calm = true});
+        ASSERT_TRUE(settle());
+        window().grabWindow(); // all is where it stands
+        QList<double> marks;
+        visit(find(QStringLiteral("roaming")), [&](QQuickItem &item) {
+            if (QByteArray(item.metaObject()->className()).startsWith("SwitchMark"))
+                marks << centreOf(item).x();
+        });
+        ASSERT_EQ(marks.size(), 1);
+        EXPECT_EQ(marks[0] < 160, mirrored);
+        QMetaObject::invokeMethod(&window(), "back");
+        EXPECT_TRUE(waitForItem(QStringLiteral("page:calls")));
+        EXPECT_EQ(placeOf("page:calls").left(), 8);
+
+        open(QStringLiteral("calls"), {.language = language, .size = QSize(1000, 700), .calm = true});
+        ASSERT_TRUE(settle());
+        window().grabWindow(); // all is where it stands
+        EXPECT_EQ(placeOf("page:calls").left() > 500, mirrored);
+        EXPECT_LT(placeOf("key:1").left(), placeOf("key:3").left()) << "keypads are the same everywhere";
+        EXPECT_EQ(placeOf("number").right() < 700, mirrored);
+    }
+}
+
+TEST_F(LayoutTest, KeysOfASheetStandBesideItsFieldWhereTheScreenIsLow)
+{
+    for (const QSize size : {QSize(568, 320), QSize(320, 480)}) {
+        for (const auto &[page, row] :
+             {std::pair("own-numbers", "number1"), std::pair("security", "change-pin"),
+              std::pair("costs", "limit"), std::pair("forwarding", "no-reply")}) {
+            SCOPED_TRACE(row);
+            open(QLatin1String(page), {.size = size, .calm = true});
+            ASSERT_TRUE(settle());
+            ASSERT_TRUE(click(QLatin1String(row)));
+            ASSERT_TRUE(waitForItem(QStringLiteral("key:0")));
+            window().grabWindow(); // all is where it stands
+            EXPECT_LE(placeOf("confirm").bottom(), size.height());
+            if (size.width() < size.height())
+                continue;
+            EXPECT_LE(placeOf("key:0").bottom(), size.height());
+            EXPECT_GE(placeOf("key:1").top(), 0);
+            EXPECT_GE(placeOf("key:1").height(), 44);
+            EXPECT_GE(placeOf("key:1").left(), placeOf("confirm").right());
+            ASSERT_TRUE(click(QStringLiteral("key:5")));
+            EXPECT_TRUE(window().activeFocusItem()->property("text").toString().endsWith(QLatin1Char('5')));
+        }
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Readers, FitTest, testing::Values(Reader{"en", 12}, Reader{"de", 12}, Reader{"en", 18}, Reader{"de", 24}),
     [](const auto &reader) { return reader.param.language + std::to_string(reader.param.points); });

@@ -2,6 +2,7 @@
 #include "SettingsTest.h"
 
 #include <QAccessible>
+#include <QGuiApplication>
 #include <QQmlEngine>
 #include <QSignalSpy>
 
@@ -15,6 +16,7 @@ SettingsTest::~SettingsTest()
 {
     close();
     QLocale::setDefault(QLocale::c()); // the next test may not name its language
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
     phone().setDelay("*", {});
 }
 
