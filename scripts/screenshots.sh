@@ -65,6 +65,18 @@ draw() {
     done
 }
 
+# draw_one NAME ARGUMENTS...: one picture, as the arguments say
+draw_one() {
+    local name=$1
+    shift
+    build/demo/settings/kvq-settings --no-desk --reduced-motion --language "$language" --theme light \
+        --screenshot "$folder/$name.png" "$@" 2>"$private/$name" || {
+        cat "$private/$name" >&2
+        echo "error: $name was not drawn" >&2
+        exit 1
+    }
+}
+
 pages=(calls preferences speed-dial video forwarding caller-id costs lines security own-numbers networks preferred about)
 incoming=(--phone "ring +491715550100")
 many_networks=$(printf '262%02d,' {1..12})
@@ -93,8 +105,23 @@ draw own-number --page own-numbers --press number1
 draw networks-found --page networks --press search
 draw preferred-many --page preferred --phone "prefer $many_networks"
 draw preferred-add --page preferred --press add
+draw costs-price --page costs --press price
+draw list-no-sim --phone "fail TAPI_SECURITY_* 0x800A"
 draw list-lacking --phone "fail TAPI_* 0x9000"
 draw costs-pin2 --page costs --phone "fail TAPI_CS_ResetCallMeter 0x9007" --press reset-costs --press confirm
+# A telephone that lies on its side, the smallest one, large letters, and a language from right to left.
+for size in 568x320 320x480; do
+    draw_one "forwarding-number-$size" --size "$size" --page forwarding --press no-reply
+    draw_one "security-pin-$size" --size "$size" --page security --press change-pin
+    draw_one "calls-tones-$size" --size "$size" --page calls "${incoming[@]}" --press answer --press keypad --press key:1
+done
+for page in calls preferences security; do
+    draw_one "$page-mirrored" --size 320x568 --page "$page" --language ar
+    draw_one "$page-mirrored-wide" --size 1280x800 --page "$page" --language ar
+done
+draw_one preferred-found --size 320x568 --page networks --press search --press back --press page:preferred --press add
+draw_one list-glance --size 320x568 --page forwarding --press back --press page:security --press back
+draw_one costs-4k --size 3840x2160 --page costs
 for size in 440x800 1280x800; do
     build/demo/settings/kvq-settings --language "$language" --size "$size" --screenshot-of desk \
         --screenshot "$folder/desk-$size.png" 2>/dev/null

@@ -18,6 +18,7 @@ Item {
     IconButton {
         id: back
 
+        objectName: "back"
         anchors.verticalCenter: parent.verticalCenter
         anchors.left: parent.left
         anchors.leftMargin: Theme.unit / 2
