@@ -3,7 +3,8 @@
 # usage: plain_text.sh SOURCE_FOLDER
 set -euo pipefail
 cd "$1"
-mapfile -t files < <(find settings docs -name '*.qml' | sort)
+# An example of a shell of its own has no PlainText; there each text says its format itself.
+mapfile -t files < <(find settings docs -name '*.qml' -not -path 'docs/example/*' | sort)
 
 # lint FILES...: tells what breaks the rule, each on a line
 lint() {
