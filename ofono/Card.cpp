@@ -2,6 +2,7 @@
 #include "Card.h"
 #include "Interfaces.h"
 #include "Presence.h"
+#include "SharedAnswers.h"
 #include "Text.h"
 
 #include "SharedState.h"
@@ -81,9 +82,12 @@ _TAPI_RESULT_E read(Properties &card)
 
 _TAPI_RESULT_E read(Properties &card, Stay &stay)
 {
+    thread_local std::uint64_t lastPresence = 0; // whose answers may be shared
     Presence &presence = Presence::instance();
     const auto readOnce = [&] {
         stay.presence = presence.isListening() ? presence.number() : 0;
+        if (stay.presence == 0 || std::exchange(lastPresence, stay.presence) != stay.presence)
+            SharedAnswers::forget(); // they may be of an earlier presence
         const _TAPI_RESULT_E result = read(card);
         stay.card = result == TAPI_RESULT_SUCC ? identityOf(card) : std::string();
         return result;

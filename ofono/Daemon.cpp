@@ -4,6 +4,7 @@
 #include "Interfaces.h"
 #include "LeftRequest.h"
 #include "ServiceRequests.h"
+#include "SharedAnswers.h"
 #include "Watch.h"
 
 #include <algorithm>
@@ -96,10 +97,16 @@ _TAPI_RESULT_E Daemon::begin(const Request &request)
 
 _TAPI_RESULT_E Daemon::properties(const char *interface, Deadline deadline, Properties &properties)
 {
+    if (const Answer *const shared = SharedAnswers::find(interface)) {
+        properties = shared->properties();
+        return TAPI_RESULT_SUCC;
+    }
     Answer answer;
     const _TAPI_RESULT_E result = request({interface, "GetProperties", {}, deadline}, answer);
-    if (result == TAPI_RESULT_SUCC)
+    if (result == TAPI_RESULT_SUCC) {
         properties = answer.properties();
+        SharedAnswers::keep(interface, std::move(answer));
+    }
     return result;
 }
 
@@ -113,9 +120,13 @@ bool Daemon::waitUntil(const std::function<bool()> &isSo, milliseconds limit)
 {
     const Time end = steady_clock::now() + limit;
     Watch watch(end); // before the first look
-    while (!isSo()) {
+    const auto look = [&isSo] {
+        SharedAnswers::forget();
+        return isSo();
+    };
+    while (!look()) {
         if (!watch.waitForChange(end))
-            return isSo();
+            return look();
     }
     return true;
 }
@@ -192,6 +203,8 @@ void Daemon::leaveToParent() noexcept
 /** Chooses the modem, asks it, and looks for the reason when nothing is there that could answer. */
 _TAPI_RESULT_E Daemon::perform(const Request &request, bool waits, Answer &answer)
 {
+    if (std::string_view(request.method).substr(0, 3) != "Get")
+        SharedAnswers::forget(); // it changes what they told
     const Time end = OneDeadline::endOf(request.deadline);
     std::string path;
     const _TAPI_RESULT_E chosen =

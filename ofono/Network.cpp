@@ -3,6 +3,7 @@
 #include "Interfaces.h"
 #include "LeftRequest.h"
 #include "PhoneSettings.h"
+#include "SharedAnswers.h"
 #include "Text.h"
 
 #include "TAPI_NETWORK.h"
@@ -48,11 +49,14 @@ bool isNetworkId(std::string_view id)
 /** The networks that the daemon knows, by the last search. */
 _TAPI_RESULT_E readOperators(std::vector<Operator> &operators)
 {
-    Answer answer;
-    const _TAPI_RESULT_E result = Daemon::instance().request({networkRegistration, "GetOperators"}, answer);
+    static constexpr char question[] = "GetOperators";
+    const Answer *const shared = SharedAnswers::find(question);
+    Answer asked;
+    const _TAPI_RESULT_E result =
+        shared ? TAPI_RESULT_SUCC : Daemon::instance().request({networkRegistration, question}, asked);
     if (result != TAPI_RESULT_SUCC)
         return result;
-    answer.objects([&](std::string_view, const Properties &properties) {
+    (shared ? *shared : asked).objects([&](std::string_view, const Properties &properties) {
         Operator known;
         known.id = std::string(properties.text("MobileCountryCode").value_or(""))
             + std::string(properties.text("MobileNetworkCode").value_or(""));
@@ -62,6 +66,8 @@ _TAPI_RESULT_E readOperators(std::vector<Operator> &operators)
             operators.push_back(std::move(known));
         return operators.size() < mostOperators;
     });
+    if (!shared)
+        SharedAnswers::keep(question, std::move(asked));
     return TAPI_RESULT_SUCC;
 }
 

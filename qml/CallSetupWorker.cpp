@@ -4,10 +4,12 @@
 #include "LogModule.h"
 #include "PHONE_ENG_WrapTapi.h"
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QMutex>
 #include <QThread>
+#include <QVariant>
 
 #include <atomic>
 #include <cstdio>
@@ -72,20 +74,38 @@ public:
         start();
     }
 
-    void enqueue(Task task, bool isCallControl)
+    void enqueue(Task task, Kind kind)
     {
         ++m_inFlight;
         {
             const QMutexLocker locker(&m_queueMutex);
-            (isCallControl ? m_callControl : m_ordinary).push_back(std::move(task));
+            if (kind == Kind::CallControl)
+                m_callControl.push_back({std::move(task), false});
+            else
+                m_ordinary.push_back({std::move(task), kind == Kind::Reading});
+            ++m_notBegun;
         }
-        QMetaObject::invokeMethod(
-            m_desk.get(),
-            [this] {
-                if (!serveOne(m_callControl)) // none is left when one has passed in between
-                    serveOne(m_ordinary);
-            },
-            Qt::QueuedConnection);
+        if (kind != Kind::Reading)
+            begin();
+    }
+
+    /** Lays what was asked for on the desk. */
+    void begin()
+    {
+        int requests = 0;
+        {
+            const QMutexLocker locker(&m_queueMutex);
+            requests = std::exchange(m_notBegun, 0);
+        }
+        for (; requests > 0; --requests) {
+            QMetaObject::invokeMethod(
+                m_desk.get(),
+                [this] {
+                    if (!serveOne(m_callControl)) // none is left when one has passed in between
+                        serveOne(m_ordinary);
+                },
+                Qt::QueuedConnection);
+        }
     }
 
     void letCallControlPass()
@@ -101,6 +121,7 @@ public:
     /** Ends once everything in the queue is done. */
     bool finish(std::chrono::milliseconds timeout)
     {
+        begin();
         QMetaObject::invokeMethod(
             m_desk.get(),
             [this] {
@@ -116,20 +137,44 @@ public:
     }
 
 private:
-    using Queue = std::deque<Task>;
+    struct Waiting {
+        Task task;
+        bool sharesAnswers;
+    };
+    using Queue = std::deque<Waiting>;
 
     bool serveOne(Queue &queue)
     {
-        Task task;
+        Waiting next;
         {
             const QMutexLocker locker(&m_queueMutex);
             if (queue.empty())
                 return false;
-            task = std::move(queue.front());
+            if (&queue == &m_ordinary && m_restOfTurn == 0) {
+                ++m_turn;
+                m_restOfTurn = queue.size();
+            }
+            next = std::move(queue.front());
             queue.pop_front();
         }
-        serve(std::move(task));
+        if (&queue == &m_ordinary)
+            --m_restOfTurn;
+        // Call control may have been asked for after the turn began, so it shares nothing.
+        const unsigned int outer = tellTurn(next.sharesAnswers ? m_turn : 0);
+        serve(std::move(next.task));
+        tellTurn(outer);
         return true;
+    }
+
+    /** For the platform library, which knows no worker: a number that is the thread's own. Gives the one before. */
+    static unsigned int tellTurn(unsigned int turn)
+    {
+        static constexpr char name[] = "kvqTurn";
+        QAbstractEventDispatcher *const dispatcher = QAbstractEventDispatcher::instance();
+        const unsigned int before = dispatcher->property(name).toUInt();
+        if (before != turn)
+            dispatcher->setProperty(name, turn);
+        return before;
     }
 
     void serve(Task task)
@@ -177,6 +222,9 @@ private:
     QMutex m_queueMutex;
     Queue m_callControl;
     Queue m_ordinary;
+    unsigned int m_turn = 0;      ///< of ordinary requests, those that waited when its first one ran
+    std::size_t m_restOfTurn = 0; ///< requests of it that have not run
+    int m_notBegun = 0;           ///< requests that the desk knows nothing of
     std::atomic<int> m_inFlight = 0;
     std::atomic<bool> m_givenUp = false;
     std::atomic<bool> m_connected = false;
@@ -202,12 +250,24 @@ CallSetupWorker &CallSetupWorker::instance()
 
 void CallSetupWorker::enqueue(Task task)
 {
-    enqueue(std::move(task), false);
+    enqueue(std::move(task), Kind::Ordinary);
+}
+
+void CallSetupWorker::enqueueReading(Task task)
+{
+    enqueue(std::move(task), Kind::Reading);
+}
+
+void CallSetupWorker::beginReadings()
+{
+    const QMutexLocker locker(&startMutex);
+    if (m_thread)
+        m_thread->begin();
 }
 
 void CallSetupWorker::enqueueCallControl(Task task)
 {
-    enqueue(std::move(task), true);
+    enqueue(std::move(task), Kind::CallControl);
 }
 
 void CallSetupWorker::letCallControlPass()
@@ -221,7 +281,7 @@ void CallSetupWorker::letCallControlPass()
         thread->letCallControlPass();
 }
 
-void CallSetupWorker::enqueue(Task task, bool isCallControl)
+void CallSetupWorker::enqueue(Task task, Kind kind)
 {
     {
         const QMutexLocker locker(&startMutex);
@@ -231,8 +291,10 @@ void CallSetupWorker::enqueue(Task task, bool isCallControl)
             m_thread = new Thread(*this);
             qAddPostRoutine([] { instance().leave(); });
         }
-        m_thread->enqueue(std::move(task), isCallControl);
+        m_thread->enqueue(std::move(task), kind);
     }
+    if (kind == Kind::Reading)
+        QMetaObject::invokeMethod(this, &CallSetupWorker::beginReadings, Qt::QueuedConnection);
     QMetaObject::invokeMethod(this, &CallSetupWorker::requestsInFlightChanged, Qt::AutoConnection);
 }
 

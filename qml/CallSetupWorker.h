@@ -74,9 +74,21 @@ public:
         return future;
     }
 
+    /**
+     * The same as run() for a request that only reads. It begins when the application's thread is back in its event loop,
+     * or makes another request. What it reads may be what another such request has read that was made before either of
+     * them began, as long as nothing was written since: so it is never older than the request itself.
+     */
+    template <typename Job>
+    auto runReading(Job job) -> QFuture<std::invoke_result_t<Job &, Engine &>>
+    {
+        auto [future, task] = promised(std::move(job));
+        enqueueReading(std::move(task));
+        return future;
+    }
+
     /** In a request of several steps, between two of them: carries out the call control that waits. */
     void letCallControlPass();
-
     /** Requests that wait or run. */
     int requestsInFlight() const;
 
@@ -130,8 +142,12 @@ private:
     }
 
     void enqueue(Task task);
+    void enqueueReading(Task task);
     void enqueueCallControl(Task task);
-    void enqueue(Task task, bool isCallControl);
+    enum class Kind { Ordinary, Reading, CallControl };
+    void enqueue(Task task, Kind kind);
+    /** Lets the readings begin that were asked for together. */
+    void beginReadings();
     void leave();
     void setConnection(_TAPI_RESULT_E result);
 

@@ -43,11 +43,11 @@ constexpr std::array<Question, 12> questions = {
         PHONE_SETUP_HYPHENATION_T mode = PHONE_SETUP_HYPHENATION_DEFAULT;
         return engine.setup.getHyphenation(mode);
     },
+    [](Engine &engine) { return offers(engine.setup, &Setup::readPin2Status); },
     [](Engine &engine) { return engine.setup.isFixedDialingAvailable(); },
     [](Engine &engine) { // a phone with a single line has none to lock
         return offers(engine.setup, &Setup::currentLineNo) && offers(engine.setup, &Setup::curLineLockStatus);
     },
-    [](Engine &engine) { return offers(engine.setup, &Setup::readPin2Status); },
     [](Engine &engine) {
         _TAPI_SECURITY_PIN_STATUS_E status = TAPI_SECURITY_PIN_STATUS_NOT_USED;
         const _TAPI_RESULT_E result = engine.setup.getUpinStatus(&status);

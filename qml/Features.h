@@ -64,9 +64,9 @@ private:
     enum Feature {
         HearingAid,
         Hyphenation,
+        Pin2, // listens for the card, so that what is told of it holds for those that follow
         FixedDialling,
         Lines,
-        Pin2,
         Upin,
         OwnNumbers,
         UsimAccounts,

@@ -21,8 +21,12 @@ Ticket::Ticket(QObject *item, Job job, Lifetime lifetime, Urgency urgency, Liste
         return job(engine);
     };
     CallSetupWorker &worker = CallSetupWorker::instance();
-    m_watcher.setFuture(urgency == Urgency::CallControl ? worker.runCallControl(std::move(unlessWithdrawn))
-                                                        : worker.run(std::move(unlessWithdrawn)));
+    if (urgency == Urgency::CallControl)
+        m_watcher.setFuture(worker.runCallControl(std::move(unlessWithdrawn)));
+    else if (lifetime == Lifetime::OfItem)
+        m_watcher.setFuture(worker.runReading(std::move(unlessWithdrawn)));
+    else
+        m_watcher.setFuture(worker.run(std::move(unlessWithdrawn)));
 }
 
 Ticket::~Ticket()

@@ -4,6 +4,7 @@
 #include "Secret.h"
 #include "SimulatedPhone.h"
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QProcess>
@@ -138,6 +139,35 @@ TEST_F(CallSetupWorkerTest, CallControlRunsBeforeWhatWaits)
     EXPECT_EQ(order, (std::vector<int>{-2, -1, 0, 3}));
     EXPECT_TRUE(happens([this] { return worker.requestsInFlight() == 0; }));
     EXPECT_TRUE(worker.runCallControl([](Engine &) { return true; }).result());
+}
+
+// An answer that a reading shares was asked for when all that share it had been made.
+TEST_F(CallSetupWorkerTest, ReadingsThatAreAskedForTogetherShareAnswers)
+{
+    const auto turn = [] { return QAbstractEventDispatcher::instance()->property("kvqTurn").toInt(); };
+    const auto read = [turn](Engine &) { return turn(); };
+    QFuture<int> later;
+    QFuture<int> control;
+    const QFuture<int> first = worker.runReading([&](Engine &) {
+        const int before = turn();
+        control = worker.runCallControl(read);
+        worker.letCallControlPass(); // shares nothing, and the rest of this reading does again
+        later = worker.runReading(read);
+        return before == turn() ? before : -1;
+    });
+    const QFuture<int> second = worker.runReading(read);
+    EXPECT_TRUE(happens([&] { return second.isFinished(); }));
+    EXPECT_TRUE(happens([&] { return later.isFinished(); }));
+    EXPECT_GT(first.result(), 0);
+    EXPECT_EQ(second.result(), first.result());
+    EXPECT_GT(later.result(), second.result());
+    EXPECT_EQ(control.result(), 0);
+    const QFuture<int> third = worker.runReading(read);
+    EXPECT_EQ(worker.run(read).result(), 0); // and lets the reading before it begin
+    EXPECT_TRUE(third.isFinished());
+    worker.runReading(read);
+    EXPECT_TRUE(worker.stop());
+    EXPECT_EQ(worker.requestsInFlight(), 0);
 }
 
 TEST_F(CallSetupWorkerTest, ACancelledRequestNeverRuns)
