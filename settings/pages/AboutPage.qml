@@ -54,7 +54,7 @@ PhonePage {
             label: qsTr("Telephony")
             known: CallSetup.connected
             value: qsTr("Connected")
-            busy: CallSetup.connectionResult === CallSetup.Success
+            busy: !known && CallSetup.connectionResult === CallSetup.Success
             failure: CallSetup.connectionResult > 0 ? Words.sentence(CallSetup.connectionResult) : ""
             onRetry: CallSetup.connectTelephony()
         }
