@@ -21,6 +21,7 @@ done
 KVQ_LOG=off QT_QPA_PLATFORM=offscreen QT_QUICK_BACKEND=software "$build/benchmarks/event_loop_gap" 2>/dev/null || status=1
 KVQ_LOG=off scripts/desk.sh run --online --modem "$build/modem/kvq-modem" -- "$build/benchmarks/ofono_benchmarks" \
     || status=1
+scripts/asking.sh "$build" || status=1
 
 stripped=$(mktemp)
 trap 'rm -f "$stripped"' EXIT
