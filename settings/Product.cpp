@@ -14,7 +14,7 @@ bool has(const QSettings &file, const QString &key)
     const QString value = file.value(key).toString().trimmed();
     const bool isYes = value == QLatin1String("yes");
     if (!isYes && !value.isEmpty() && value != QLatin1String("no"))
-        qWarning("%s: %s is \"yes\" or \"no\", not \"%s\"", qPrintable(file.fileName()), qPrintable(key),
+        qWarning(R"(%s: %s is "yes" or "no", not "%s")", qPrintable(file.fileName()), qPrintable(key),
                  qPrintable(value));
     return isYes || (value != QLatin1String("no") && usual);
 }

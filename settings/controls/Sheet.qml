@@ -107,7 +107,7 @@ T.Popup {
             id: scroll
 
             // Room for the mark of the scroll bar and, on all sides, for the ring around a button.
-            x: (Theme.mirrored ? whole.width - whole.half - Theme.unit : 0) - Theme.unit / 2
+            x: Theme.mirrored ? whole.width - whole.half - Theme.unit : -Theme.unit / 2
             width: whole.half + Theme.unit + Theme.unit / 2
             height: parent.height - buttons.height - Theme.margin
             contentHeight: column.implicitHeight
@@ -115,7 +115,7 @@ T.Popup {
             Column {
                 id: column
 
-                x: Theme.unit / 2
+                x: Theme.mirrored ? Theme.unit : Theme.unit / 2
                 width: scroll.width - Theme.unit - Theme.unit / 2
                 spacing: Theme.margin
 
