@@ -15,6 +15,9 @@
 #include <sstream>
 #include <thread>
 
+#include <sys/wait.h>
+#include <unistd.h>
+
 namespace Desk {
 
 namespace {
@@ -91,6 +94,20 @@ std::string byHand(const std::string &arguments)
     return outputOf("dbus-send --bus=\"$DBUS_SYSTEM_BUS_ADDRESS\" --print-reply=literal "
                     "--reply-timeout=30000 --dest=org.ofono "
                     + arguments + " 2>/dev/null");
+}
+
+bool runApart(const char *tests, const std::map<std::string, std::string> &environment)
+{
+    const std::string filter = std::string("--gtest_filter=") + tests;
+    const pid_t child = fork();
+    if (child == 0) {
+        for (const auto &[name, value] : environment)
+            setenv(name.c_str(), value.c_str(), 1);
+        execl("/proc/self/exe", "ofono_tests", filter.c_str(), nullptr);
+        _exit(127);
+    }
+    int status = -1;
+    return waitpid(child, &status, 0) == child && status == 0;
 }
 
 bool becomes(const std::function<bool()> &isSo)

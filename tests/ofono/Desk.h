@@ -12,6 +12,7 @@
 #include <chrono>
 #include <functional>
 #include <ios>
+#include <map>
 #include <string>
 
 #include <sys/types.h>
@@ -37,6 +38,9 @@ void end(const char *program, int signal);
 
 /** Calls a method of the daemon by hand, as another program would; its answer as text, empty for a refusal. */
 std::string byHand(const std::string &arguments);
+
+/** Runs some of these tests in a program of its own. @p environment goes to it. Whether they passed. */
+bool runApart(const char *tests, const std::map<std::string, std::string> &environment);
 
 /** Looks again and again, for a minute: only what hangs takes that long. */
 bool becomes(const std::function<bool()> &isSo);

@@ -183,15 +183,7 @@ TEST_F(FaultsOnOfono, TriesAgainWhileAnotherProgramIsServed)
 /** Run with a deadline of 200 ms for what is at hand, and so of 3 seconds for the network. */
 TEST_F(FaultsOnOfono, GivesUpAtTheDeadline)
 {
-    const pid_t child = fork();
-    if (child == 0) {
-        setenv("KVQ_OFONO_DEADLINE_MS", "200", 1);
-        execl("/proc/self/exe", "ofono_tests", "--gtest_filter=DeadlinesOnOfono.*", nullptr);
-        _exit(127);
-    }
-    int status = -1;
-    EXPECT_EQ(waitpid(child, &status, 0), child);
-    EXPECT_EQ(status, 0);
+    EXPECT_TRUE(Desk::runApart("DeadlinesOnOfono.*", {{"KVQ_OFONO_DEADLINE_MS", "200"}}));
 }
 
 /** A program of its own each time, with an engine of its own, all at once. */
