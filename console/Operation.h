@@ -9,10 +9,11 @@
 #include <QString>
 #include <QStringList>
 
-#include <functional>
+#include <array>
+#include <optional>
+#include <span>
 #include <tuple>
 #include <type_traits>
-#include <utility>
 #include <vector>
 
 namespace Console {
@@ -30,17 +31,46 @@ struct Argument {
     QStringList choices; ///< the words that it may be, when they can be listed
 };
 
+/** How values of a type are typed and shown. */
+struct Kind {
+    bool takesAll; ///< a list: all the words that are left
+    QString (*expected)();
+    QStringList (*choices)();
+    bool (*parse)(const QStringList &words,
+                  void *value); ///< false when they are no such value; null keeps none
+    QString (*show)(const void *value);
+};
+
+/** A parameter: typed by the user, or written by the operation. */
+struct Place {
+    const Kind *kind;
+    bool typed;
+};
+
+/** A line of the table of operations. */
+struct Entry {
+    const char *face; ///< class of a member, empty for a plain function
+    const char *name;
+    const char *parameterNames; ///< in order, a word each
+    std::span<const Place> places;
+    Outcome (*call)(const Entry &entry, const QStringList &words);
+    const char *documented; ///< the name that the exported header gives it
+    int declaration = 1;    ///< which one of that name
+};
+
 struct Operation {
-    QString face; ///< class of a member, empty for a plain function
+    explicit Operation(const Entry &entry);
+
+    QString face;
     QString name;
     QString usage; ///< "when -> active number"
     std::vector<Argument> arguments;
     QStringList written; ///< what it gives besides its result
-    std::function<Outcome(const QStringList &words)> call;
-    std::function<QString(const QStringList &words)>
-        objection;       ///< what is wrong with the words; calls nothing
-    QString documented;  ///< the name that the exported header gives it
-    int declaration = 1; ///< which one of that name
+    QString documented;
+    int declaration;
+
+    Outcome call(const QStringList &words) const { return m_entry->call(*m_entry, words); }
+    QString objection(const QStringList &words) const; ///< what is wrong with the words; calls nothing
 
     bool carriesPin() const
     {
@@ -49,10 +79,47 @@ struct Operation {
     }
 
     QString fullName() const { return face.isEmpty() ? name : face + QStringLiteral("::") + name; }
+
+private:
+    const Entry *m_entry;
 };
 
 /** Every operation of the exported interface. */
 const std::vector<Operation> &operations();
+
+/** Reads the words into @p values, one a parameter; null keeps none. Gives what is wrong with the words. */
+QString readAll(const Entry &entry, QStringList words, void *const *values);
+
+/** Shows what an operation has written, and its result when it has one. */
+QStringList shown(const Entry &entry, void *const *values, const Kind *resultKind, const void *result);
+
+template <typename Type>
+inline constexpr Kind kindOf = {
+    std::is_same_v<Type, QStringList>,
+    [] {
+        if constexpr (requires { Value<Type>::expected(); })
+            return Value<Type>::expected();
+        else
+            return QStringLiteral("texts, up to the end of the line");
+    },
+    [] { return choicesOf<Type>(); },
+    [](const QStringList &words, void *value) {
+        std::optional<Type> parsed;
+        if constexpr (std::is_same_v<Type, QStringList>)
+            parsed = words;
+        else if constexpr (requires { Value<Type>::parse(QString()); })
+            parsed = Value<Type>::parse(words.constFirst());
+        if (parsed && value)
+            *static_cast<Type *>(value) = *parsed;
+        return parsed.has_value();
+    },
+    [](const void *value) {
+        if constexpr (requires { Value<Type>::show(*static_cast<const Type *>(value)); })
+            return Value<Type>::show(*static_cast<const Type *>(value));
+        else
+            return QString();
+    },
+};
 
 /** How a parameter of this type is dealt with: by default it is typed. */
 template <typename Type>
@@ -81,138 +148,87 @@ struct Parameter<Type *> {
     Type *pass() { return &value; }
 };
 
-/** Reads one argument; a list takes all the words that are left. */
-template <typename Type>
-bool read(Parameter<Type> &parameter, const QString &name, QStringList &words, QString &error)
-{
-    using Plain = typename Parameter<Type>::Plain;
-    if constexpr (!Parameter<Type>::typed) {
-        return true;
-    } else if constexpr (std::is_same_v<Plain, QStringList>) {
-        parameter.value = std::exchange(words, {});
-        return true;
-    } else {
-        if (words.isEmpty()) {
-            error = QStringLiteral("%1 is missing: expected %2").arg(name, Value<Plain>::expected());
-            return false;
-        }
-        const QString word = words.takeFirst();
-        const auto value = Value<Plain>::parse(word);
-        if (!value) {
-            error = QStringLiteral("%1 cannot be %2: expected %3")
-                        .arg(name, quoted(word), Value<Plain>::expected());
-            return false;
-        }
-        parameter.value = *value;
-        return true;
-    }
-}
-
-template <typename Type>
-void show(const Parameter<Type> &parameter, const QString &name, QStringList &lines)
-{
-    if constexpr (!Parameter<Type>::typed)
-        lines += assignment(name, Value<typename Parameter<Type>::Plain>::show(parameter.value));
-}
-
-template <typename... Types, std::size_t... Positions>
-QString readAll(std::tuple<Parameter<Types>...> &parameters, const QStringList &names, QStringList words,
-                std::index_sequence<Positions...>)
-{
-    QString error;
-    const bool complete =
-        (read(std::get<Positions>(parameters), names.at(static_cast<int>(Positions)), words, error) && ...);
-    if (complete && !words.isEmpty())
-        error = QStringLiteral("too many arguments: %1").arg(words.join(QLatin1Char(' ')));
-    return error;
-}
-
-template <typename Result, typename... Types, std::size_t... Positions>
-Outcome invoke(const std::function<Result(Types...)> &function, const QStringList &names,
-               const QStringList &words, std::index_sequence<Positions...> positions)
-{
-    Outcome outcome;
-    std::tuple<Parameter<Types>...> parameters;
-    outcome.error = readAll(parameters, names, words, positions);
-    if (!outcome.error.isEmpty())
-        return outcome;
-    QString result;
-    if constexpr (std::is_void_v<Result>)
-        function(std::get<Positions>(parameters).pass()...);
-    else
-        result = Value<Result>::show(function(std::get<Positions>(parameters).pass()...));
-    (show(std::get<Positions>(parameters), names.at(static_cast<int>(Positions)), outcome.lines), ...);
-    if constexpr (!std::is_void_v<Result>)
-        outcome.lines += assignment(QStringLiteral("result"), result);
-    return outcome;
-}
-
-template <typename Type>
-void describe(const QString &name, std::vector<Argument> &arguments, QStringList &written)
-{
-    using Plain = typename Parameter<Type>::Plain;
-    if constexpr (!Parameter<Type>::typed)
-        written += name;
-    else if constexpr (std::is_same_v<Plain, QStringList>)
-        arguments.push_back({name, QStringLiteral("texts, up to the end of the line"), {}});
-    else
-        arguments.push_back({name, Value<Plain>::expected(), choicesOf<Plain>()});
-}
-
-/** @p names are the parameters' names, in order, a word each. */
+/** How an operation with these types is called. */
 template <typename Result, typename... Types>
-Operation operation(const char *face, const char *name, std::function<Result(Types...)> function,
-                    const char *names)
-{
-    const QStringList parameterNames = QString::fromLatin1(names).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-    Q_ASSERT(parameterNames.size() == static_cast<int>(sizeof...(Types)));
-    Operation operation;
-    operation.face = QString::fromLatin1(face);
-    operation.name = operation.documented = QString::fromLatin1(name);
-    int position = 0;
-    (describe<Types>(parameterNames.at(position++), operation.arguments, operation.written), ...);
-    for (const Argument &argument : operation.arguments)
-        operation.usage += (operation.usage.isEmpty() ? QString() : QStringLiteral(" ")) + argument.name;
-    if (!operation.written.isEmpty())
-        operation.usage =
-            (operation.usage + QStringLiteral(" -> ") + operation.written.join(QStringLiteral(", ")))
-                .trimmed();
-    operation.call = [function, parameterNames](const QStringList &words) {
-        return invoke(function, parameterNames, words, std::index_sequence_for<Types...>());
-    };
-    operation.objection = [parameterNames](const QStringList &words) {
+struct Signature {
+    static constexpr std::array<Place, sizeof...(Types)> places = {
+        Place{&kindOf<typename Parameter<Types>::Plain>, Parameter<Types>::typed}...};
+
+    /** @p function takes the parameters. */
+    template <typename Function>
+    static Outcome call(const Entry &entry, const QStringList &words, Function function)
+    {
         std::tuple<Parameter<Types>...> parameters;
-        return readAll(parameters, parameterNames, words, std::index_sequence_for<Types...>());
-    };
-    return operation;
-}
+        return std::apply(
+            [&](auto &...parameter) -> Outcome {
+                const std::array<void *, sizeof...(Types)> values = {&parameter.value...};
+                const QString error = readAll(entry, words, values.data());
+                if (!error.isEmpty())
+                    return {error, {}};
+                if constexpr (std::is_void_v<Result>) {
+                    function(parameter.pass()...);
+                    return {{}, shown(entry, values.data(), nullptr, nullptr)};
+                } else {
+                    const Result result = function(parameter.pass()...);
+                    return {{}, shown(entry, values.data(), &kindOf<Result>, &result)};
+                }
+            },
+            parameters);
+    }
+};
 
-/** A plain function or a static member. */
+template <typename Object>
+inline constexpr const char *faceOf = nullptr;
+template <>
+inline constexpr const char *faceOf<PHONE_ENG_Setup> = "PHONE_ENG_Setup";
+template <>
+inline constexpr const char *faceOf<PHONE_ENG_NtInterface> = "PHONE_ENG_NtInterface";
+
+/** What can be called: a plain function or a static member, or a member of one of the two objects. */
+template <typename Function>
+struct Callable;
+
 template <typename Result, typename... Types>
-Operation operation(const char *face, const char *name, Result (*function)(Types...), const char *names = "")
+struct Callable<Result (*)(Types...)> : Signature<Result, Types...> {
+    template <auto function>
+    static Outcome run(const Entry &entry, const QStringList &words)
+    {
+        return Callable::call(entry, words, function);
+    }
+};
+
+/** The object is the one there is when the operation is called. */
+template <typename Object, typename Result, typename... Types>
+struct Callable<Result (Object::*)(Types...)> : Signature<Result, Types...> {
+    static constexpr const char *face = faceOf<Object>;
+
+    template <auto function>
+    static Outcome run(const Entry &entry, const QStringList &words)
+    {
+        return Callable::call(entry, words, [](Types... arguments) -> Result {
+            return (Object::instance()->*function)(static_cast<Types>(arguments)...);
+        });
+    }
+};
+
+template <typename Object, typename Result, typename... Types>
+struct Callable<Result (Object::*)(Types...) const> : Callable<Result (Object::*)(Types...)> {
+};
+
+template <auto function>
+requires std::is_pointer_v<decltype(function)>
+constexpr Entry operation(const char *face, const char *name, const char *parameterNames = "")
 {
-    return operation(face, name, std::function<Result(Types...)>(function), names);
+    using Called = Callable<decltype(function)>;
+    return {face, name, parameterNames, Called::places, &Called::template run<function>, name};
 }
 
-/** A member of one of the two objects; the object is the one there is when the operation is called. */
-template <typename Object, typename Result, typename... Types>
-Operation operation(const char *name, Result (Object::*member)(Types...), const char *names = "")
+template <auto member>
+requires std::is_member_function_pointer_v<decltype(member)>
+constexpr Entry operation(const char *name, const char *parameterNames = "")
 {
-    return operation(Object::staticMetaObject.className(), name,
-                     std::function<Result(Types...)>([member](Types... arguments) -> Result {
-                         return (Object::instance()->*member)(static_cast<Types>(arguments)...);
-                     }),
-                     names);
-}
-
-template <typename Object, typename Result, typename... Types>
-Operation operation(const char *name, Result (Object::*member)(Types...) const, const char *names = "")
-{
-    return operation(Object::staticMetaObject.className(), name,
-                     std::function<Result(Types...)>([member](Types... arguments) -> Result {
-                         return (Object::instance()->*member)(static_cast<Types>(arguments)...);
-                     }),
-                     names);
+    using Called = Callable<decltype(member)>;
+    return {Called::face, name, parameterNames, Called::places, &Called::template run<member>, name};
 }
 
 } // namespace Console
