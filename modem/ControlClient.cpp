@@ -45,7 +45,7 @@ int tellModem(const std::string &controlPath, const std::string &line)
     const Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
     const timeval time = {deadline, 0};
     const std::string request = line + '\n';
-    if (!socket.isOpen() || setsockopt(socket.number(), SOL_SOCKET, SO_RCVTIMEO, &time, sizeof time) != 0
+    if (!socket || setsockopt(socket.number(), SOL_SOCKET, SO_RCVTIMEO, &time, sizeof time) != 0
         || connect(socket.number(), reinterpret_cast<const sockaddr *>(&place), sizeof place) != 0
         || send(socket.number(), request.data(), request.size(), MSG_NOSIGNAL)
             != static_cast<ssize_t>(request.size())

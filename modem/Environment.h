@@ -25,7 +25,7 @@ IncomingCall ring(Modem &modem, const std::string &number, bool withheld, bool w
  * @{ */
 bool remoteAnswers(Modem &modem, unsigned char callId);
 bool remoteHangsUp(Modem &modem, unsigned char callId);
-/** What the network tells of the other side: "hold" and the like. Nothing comes of it but that it is told. */
+/** What the network tells of the other side: "hold" and the like. The modem passes it on and does nothing else. */
 bool remoteActs(Modem &modem, unsigned char callId, std::string_view act);
 /** @} */
 

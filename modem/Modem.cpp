@@ -54,7 +54,7 @@ struct ErrorText {
     const char *text;
 };
 
-constexpr std::array<ErrorText, 18> errorTexts = {{
+constexpr auto errorTexts = std::to_array<ErrorText>({
     {Cme::PhoneFailure, "phone failure"},
     {Cme::OperationNotAllowed, "operation not allowed"},
     {Cme::OperationNotSupported, "operation not supported"},
@@ -72,7 +72,7 @@ constexpr std::array<ErrorText, 18> errorTexts = {{
     {Cme::EmergencyOnly, "network not allowed - emergency calls only"},
     {Cme::IncorrectParameters, "incorrect parameters"},
     {Cme::Unknown, "unknown"},
-}};
+});
 
 } // namespace
 

@@ -73,7 +73,7 @@ bool Server::listenForCommands(const std::string &address, unsigned short port)
     }
     m_commands = Descriptor(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
     const int on = 1;
-    if (!m_commands.isOpen() || setsockopt(m_commands.number(), SOL_SOCKET, SO_REUSEADDR, &on, sizeof on) != 0
+    if (!m_commands || setsockopt(m_commands.number(), SOL_SOCKET, SO_REUSEADDR, &on, sizeof on) != 0
         || !bindAndListen(m_commands, place))
         return false;
     socklen_t size = sizeof place;
@@ -95,7 +95,7 @@ bool Server::listenForControl(const std::string &path)
     m_control = Descriptor(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
     // Whoever may connect may do anything to the phone, so the socket is its owner's alone.
     const mode_t mask = umask(S_IRWXG | S_IRWXO);
-    const bool listening = m_control.isOpen() && bindAndListen(m_control, place);
+    const bool listening = m_control && bindAndListen(m_control, place);
     umask(mask);
     if (listening)
         m_controlPath = path;
@@ -110,7 +110,7 @@ void Server::watch(int descriptor, std::function<bool()> reader)
 void Server::acceptPeer(const Descriptor &listener, bool control)
 {
     Descriptor socket(accept4(listener.number(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
-    if (!socket.isOpen() || !makeRoom(control))
+    if (!socket || !makeRoom(control))
         return;
     auto peer = std::make_unique<Peer>();
     peer->socket = std::move(socket);

@@ -1,52 +1,19 @@
 // The modem's doors: the TCP port for AT commands and the control socket for its own commands.
 #pragma once
 
+#include "Descriptor.h"
 #include "Modem.h"
 #include "Prompt.h"
 
 #include <poll.h>
-#include <unistd.h>
 
 #include <functional>
 #include <map>
 #include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace AtModem {
-
-/** An open file descriptor, closed with its owner. */
-class Descriptor {
-public:
-    Descriptor() = default;
-    explicit Descriptor(int number)
-        : m_number(number)
-    {
-    }
-    Descriptor(Descriptor &&other) noexcept
-        : m_number(std::exchange(other.m_number, -1))
-    {
-    }
-    Descriptor &operator=(Descriptor &&other) noexcept
-    {
-        std::swap(m_number, other.m_number);
-        return *this;
-    }
-    ~Descriptor()
-    {
-        if (m_number >= 0)
-            close(m_number);
-    }
-    Descriptor(const Descriptor &) = delete;
-    Descriptor &operator=(const Descriptor &) = delete;
-
-    int number() const { return m_number; }
-    bool isOpen() const { return m_number >= 0; }
-
-private:
-    int m_number = -1;
-};
 
 class Server {
 public:
