@@ -1,6 +1,8 @@
 # Reads platform headers and defines what each one declares: the skeleton of a port, a source a header.
 # usage: awk -v folder=FOLDER -f declarations.awk HEADER...
 # A header that declares no function has no source. What a function answers stands in answer_of().
+# usage: awk -v names=1 -f declarations.awk HEADER...
+# Lists the functions by name instead, for the table of a C++ source.
 
 BEGIN {
     # Answers that are not plain "no": what the headers promise to a caller who is told nothing.
@@ -44,6 +46,10 @@ function define(declaration, scope,    open, head, name, type, arguments, answer
     match(head, /[~A-Za-z0-9_]+$/)
     name = substr(head, RSTART)
     type = trimmed(substr(head, 1, RSTART - 1))
+    if (names) {
+        printf "\"%s\",\n", scope == "" || substr(name, length(name) - length(scope) + 1) == scope ? name : scope "::" name
+        return
+    }
     answer = answer_of(type, name, scope)
     if (scope != "") name = scope "::" name
     definitions = definitions "\n" type (type == "" || type ~ /\*$/ ? "" : " ") name arguments initializer[name] \
