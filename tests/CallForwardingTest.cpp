@@ -23,15 +23,6 @@ const std::string timerRead =
 
 class CallForwardingTest : public EngineTest {
 protected:
-    /** A result and all events. */
-    std::string after(unsigned int result)
-    {
-        std::string text = std::to_string(result) + ':';
-        for (const std::string &event : events())
-            text += ' ' + event;
-        return text;
-    }
-
     /** Refreshes the forwarding indicator through its slot; gives 0 as the result. */
     std::string refresh()
     {

@@ -23,15 +23,7 @@ protected:
         EXPECT_EXIT(run(), testing::ExitedWithCode(0), "");
     }
 
-    /** A text or result and all events. */
-    std::string after(const std::string &text)
-    {
-        std::string all = text + ':';
-        for (const std::string &event : events())
-            all += ' ' + event;
-        return all;
-    }
-    std::string after(_TAPI_RESULT_E result) { return after(std::to_string(result)); }
+    using EngineTest::after;
     std::string after(const QString &text) { return after(text.isNull() ? "null" : text.toStdString()); }
 };
 
@@ -127,7 +119,7 @@ TEST_F(CallMeteringTest, SettingsReachThePlatformCutToTheirFields)
     const std::string fullPrice =
         "TAPI_CS_SetPriceUnit(\"" + std::string(40, '9') + "\"[41], \"" + std::string(29, '9') + "\"[30])";
     PHONE_ENG_Setup &engine = setup();
-    const std::pair<std::function<_TAPI_RESULT_E()>, std::string> rows[] = {
+    const std::vector<PlatformWrite> rows = {
         {[&] { return engine.setMeterMax(price); }, R"(TAPI_CS_SetCallMeterMax("0.12"[101]))"},
         {[&] { return engine.setMeterMax(QString()); }, R"(TAPI_CS_SetCallMeterMax(""[101]))"},
         {[&] { return engine.setMeterMax(nines.left(100)); }, hundred},
@@ -140,15 +132,7 @@ TEST_F(CallMeteringTest, SettingsReachThePlatformCutToTheirFields)
          "TAPI_CS_SetPriceUnit(\"\xa3\"[41], \"0.12\"[30])"},
         {[&] { return engine.setPriceUnitCurrency(nines, nines); }, fullPrice},
     };
-    for (const auto &[set, call] : rows) {
-        answer(call.substr(0, call.find('(')), TAPI_RESULT_SUCC);
-        EXPECT_EQ(after(set()), "0: | " + call + " |");
-        answer(call.substr(0, call.find('(')), failure);
-        EXPECT_EQ(after(set()), "77: | " + call + " |");
-    }
-    refuse();
-    for (const auto &[set, call] : rows)
-        EXPECT_EQ(after(set()), "32768:") << call;
+    reachPlatform(rows);
 }
 
 TEST_F(CallMeteringTest, RefusedReadsLeaveTheCallersValues)

@@ -13,15 +13,6 @@ constexpr auto failure = static_cast<_TAPI_RESULT_E>(77);
 
 class CallRestrictionsTest : public EngineTest {
 protected:
-    /** A result and all events. */
-    std::string after(unsigned int result)
-    {
-        std::string text = std::to_string(result) + ':';
-        for (const std::string &event : events())
-            text += ' ' + event;
-        return text;
-    }
-
     /** The same with the value that an operation gives to a caller who has another one. */
     template <typename Value>
     std::string read(_TAPI_RESULT_E (Engine::*operation)(Value &), int callers)
@@ -81,7 +72,7 @@ TEST_F(CallRestrictionsTest, SettingsReachThePlatform)
     const QString digits = QStringLiteral("1234567890123456789012345");
     const std::string fullPin = R"(TAPI_FIXDIALING_SetStatus(1, "12345678901234567890"[21]))";
     Engine &engine = setup();
-    const std::pair<std::function<_TAPI_RESULT_E()>, std::string> rows[] = {
+    const std::vector<PlatformWrite> rows = {
         {[&] { return engine.setDTMF(200); }, "TAPI_CS_SetDtmfToneType(200)"},
         {[&] { return engine.setCallWaiting(true); }, "TAPI_CS_SetVoiceWaitingStatus(1)"},
         {[&] { return engine.setCallWaiting(false); }, "TAPI_CS_SetVoiceWaitingStatus(0)"},
@@ -95,15 +86,7 @@ TEST_F(CallRestrictionsTest, SettingsReachThePlatform)
         {[&] { return engine.setFixedDialing(true, digits.left(20)); }, fullPin},
         {[&] { return engine.setFixedDialing(true, digits.left(21)); }, fullPin},
         {[&] { return engine.setFixedDialing(true, digits); }, fullPin}};
-    for (const auto &[set, call] : rows) {
-        answer(call.substr(0, call.find('(')), TAPI_RESULT_SUCC);
-        EXPECT_EQ(after(set()), "0: | " + call + " |");
-        answer(call.substr(0, call.find('(')), failure);
-        EXPECT_EQ(after(set()), "77: | " + call + " |");
-    }
-    refuse();
-    for (const auto &[set, call] : rows)
-        EXPECT_EQ(after(set()), "32768:") << call;
+    reachPlatform(rows);
 }
 
 TEST_F(CallRestrictionsTest, CardTellsWhetherFixedDialingIsThereAndGuardsIt)

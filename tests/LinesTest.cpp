@@ -14,17 +14,7 @@ const std::string entry = R"( "PHONE_ENG_Setup::getVoiceCallsDivert: active 0,nu
 const std::string query =
     entry + R"( "PHONE_ENG_Setup::getVoiceCallsDivert: BP is OK." | TAPI_CS_GetDivertStatus(1, 0) |)";
 
-class LinesTest : public EngineTest {
-protected:
-    /** A result and all events. */
-    std::string after(unsigned int result)
-    {
-        std::string text = std::to_string(result) + ':';
-        for (const std::string &event : events())
-            text += ' ' + event;
-        return text;
-    }
-};
+using LinesTest = EngineTest;
 
 TEST_F(LinesTest, SelectionTellsThePhoneInOrder)
 {

@@ -21,15 +21,6 @@ protected:
                          [this] { phone.note("preferredChanged()"); });
     }
 
-    /** The events with the signals among them, each after a space. */
-    std::string journal()
-    {
-        std::string text;
-        for (const std::string &event : events())
-            text += ' ' + event;
-        return text;
-    }
-
     /** Clears a list of these entries and 0x7F behind them, whose count may be untrue. */
     void checkClearing(int count, const std::vector<int> &priorities, int firstDeleted,
                        const std::vector<int> &deletedBefore = {})

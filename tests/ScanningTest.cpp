@@ -7,17 +7,7 @@ using Network = PHONE_ENG_NtInterface;
 
 const std::string failure = R"( "Failed to call tapi function ret = 5!\n")";
 
-class ScanningTest : public EngineTest {
-protected:
-    /** The events, each after a space. */
-    std::string journal()
-    {
-        std::string text;
-        for (const std::string &event : events())
-            text += ' ' + event;
-        return text;
-    }
-};
+using ScanningTest = EngineTest;
 
 TEST_F(ScanningTest, SearchesStartAndStop)
 {

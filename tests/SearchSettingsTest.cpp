@@ -9,15 +9,6 @@ const std::string failure = R"( "Failed to call tapi function ret = 5!\n")";
 
 class SearchSettingsTest : public EngineTest {
 protected:
-    /** The events, each after a space. */
-    std::string journal()
-    {
-        std::string text;
-        for (const std::string &event : events())
-            text += ' ' + event;
-        return text;
-    }
-
     /** A getter and a setter that do no more than ask the platform. */
     template <typename Value>
     void checkSetting(bool (Network::*get)(Value *), bool (Network::*set)(Value), const std::string &name)

@@ -69,6 +69,14 @@ Events EngineTest::events()
     return take();
 }
 
+std::string EngineTest::journal()
+{
+    std::string text;
+    for (const std::string &event : events())
+        text += ' ' + event;
+    return text;
+}
+
 Events EngineTest::calls()
 {
     Events events = take();
@@ -89,6 +97,20 @@ Events EngineTest::messages()
 std::set<std::string> EngineTest::locations()
 {
     return std::exchange(m_locations, {});
+}
+
+void EngineTest::reachPlatform(const std::vector<PlatformWrite> &writes)
+{
+    constexpr unsigned int failure = 77;
+    for (const auto &[operation, call] : writes) {
+        for (const unsigned int result : {static_cast<unsigned int>(TAPI_RESULT_SUCC), failure}) {
+            answer(call.substr(0, call.find('(')), result);
+            EXPECT_EQ(after(operation()), std::to_string(result) + ": | " + call + " |");
+        }
+    }
+    refuse();
+    for (const auto &[operation, call] : writes)
+        EXPECT_EQ(after(operation()), std::to_string(TAPI_RESULT_FAIL) + ':') << call;
 }
 
 QString EngineTest::settingsFile() const

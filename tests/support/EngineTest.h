@@ -13,6 +13,7 @@
 
 #include <cstdio>
 #include <cstring>
+#include <functional>
 #include <memory>
 #include <set>
 #include <string>
@@ -53,12 +54,25 @@ protected:
      * described in the journal, a bare trace as "|", a message as its text in quotes.
      */
     Events events();
+    /** The same in one text, each event after a space. */
+    std::string journal();
+    /** The same behind what an operation gave. */
+    std::string after(const std::string &result) { return result + ':' + journal(); }
+    std::string after(unsigned int result) { return after(std::to_string(result)); }
     /** The platform calls alone. */
     Events calls();
     /** The messages alone, without quotes. */
     Events messages();
     /** The places that have logged since the last look: "utility/PHONE_ENG_Setup getChargeType". */
     std::set<std::string> locations();
+
+    /** An operation, and the one platform call that it makes, as the journal describes it. */
+    struct PlatformWrite {
+        std::function<_TAPI_RESULT_E()> operation;
+        std::string call;
+    };
+    /** Each makes its call and gives the platform's result on. With the hook refusing, it makes none. Refuses from then on. */
+    void reachPlatform(const std::vector<PlatformWrite> &writes);
 
     QString settingsFile() const;
 
