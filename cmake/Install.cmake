@@ -1,5 +1,5 @@
-# What is installed, a component for each Debian package (debian/control describes them): a library or program of
-# another folder installs itself there, with the name of its package as the component.
+# What an application builds with is installed here. Every other library and program installs itself in its own folder.
+# Each has a Debian package's name as its component; debian/control describes them.
 include(CMakePackageConfigHelpers)
 include(cmake/PlatformStub.cmake)
 
@@ -44,28 +44,21 @@ configure_file(cmake/kvqcallsetupengine.pc.in ${PROJECT_BINARY_DIR}/kvqcallsetup
 install(FILES ${PROJECT_BINARY_DIR}/kvqcallsetupengine.pc
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT libkvqcallsetupengine-dev)
 
-# Platform libraries have one name and one place: the phone on the desk is the one that a plain install puts there. Nobody
-# links one by name, so none brings a name for the linker.
-if(NOT KVQ_PLATFORM_LIBRARY)
-    install(TARGETS kvqplatform
-        LIBRARY COMPONENT libkvqplatform1-simulator NAMELINK_SKIP)
-endif()
-if(TARGET kvqplatform_ofono)
-    install(TARGETS kvqplatform_ofono
-        LIBRARY COMPONENT libkvqplatform1-ofono NAMELINK_SKIP EXCLUDE_FROM_ALL)
-endif()
-
-# Programs.
-foreach(program kvq-console kvq-modem)
-    if(TARGET ${program})
-        install(TARGETS ${program} RUNTIME COMPONENT ${program})
-        install(FILES docs/${program}.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT ${program})
-    endif()
-endforeach()
-
-# The packages that this build holds.
+# The packages that this build holds, for those who read a list, and all that debian/rules has to know of a build folder.
 get_cmake_property(packages COMPONENTS)
-list(JOIN packages "\n" packages)
-file(WRITE ${PROJECT_BINARY_DIR}/packages.txt "${packages}\n")
+list(JOIN packages "\n" lines)
+file(WRITE ${PROJECT_BINARY_DIR}/packages.txt "${lines}\n")
+list(JOIN packages " " packages)
+cmake_path(GET KVQ_PLATFORM_LIBRARY PARENT_PATH library_folders)
+set(sysroot_options)
+if(KVQ_DEBIAN_ARCHITECTURE) # a cross build's libraries are those of its sysroot, which tells what packages they come from
+    set(library_folders "${KVQ_SYSROOT}/usr/lib/$(DEB_HOST_MULTIARCH):${KVQ_SYSROOT}/lib/$(DEB_HOST_MULTIARCH)")
+    set(sysroot_options "-- -L${KVQ_SYSROOT}/shlibs")
+endif()
+file(WRITE ${PROJECT_BINARY_DIR}/packaging.mk "qt := ${KVQ_QT_MAJOR}
+packages := ${packages}
+library_folders := ${library_folders}
+sysroot_options := ${sysroot_options}
+")
 
 install(SCRIPT cmake/SystemRunPath.cmake ALL_COMPONENTS) # last, when all is in its place
