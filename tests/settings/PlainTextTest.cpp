@@ -9,6 +9,7 @@
 #include <QTcpSocket>
 
 #include "TAPI_ACCE.h"
+#include "TAPI_CS.h"
 #include "TAPI_NETWORK.h"
 #include "TAPI_OWNNUMBER.h"
 #include "TAPI_SECURITY.h"
@@ -166,6 +167,22 @@ const Source sources[] = {
          phone.setAnswer("TAPI_NETWORK_GetPreferredOperator", {.result = 0, .out = {bytesOf(list)}});
      },
      TAPI_NETWORK_NAME_UNITS - 1},
+    {"ForwardedTo", "forwarding",
+     [](SimulatedPhoneControl &phone, const QString &words) {
+         _TAPI_CS_DIVERT_STATUS_S status = {};
+         status.status = 1;
+         words.toLatin1().toStdString().copy(status.number, sizeof status.number - 1);
+         phone.setAnswer("TAPI_CS_GetDivertStatus", {.result = 0, .out = {bytesOf(status)}});
+     },
+     69},
+    {"Currency", "costs",
+     [](SimulatedPhoneControl &phone, const QString &words) {
+         _TAPI_CS_PRICE_UNIT_S price = {};
+         words.toLatin1().toStdString().copy(price.currency, sizeof price.currency - 1);
+         std::strcpy(price.price, "0.12");
+         phone.setAnswer("TAPI_CS_GetPriceUnit", {.result = 0, .out = {bytesOf(price)}});
+     },
+     40},
     {"ModemVersion", "about",
      [](SimulatedPhoneControl &phone, const QString &words) {
          _TAPI_ACCE_BP_VERSION_INFO_S versions = {};
