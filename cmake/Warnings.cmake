@@ -15,3 +15,11 @@ target_compile_options(kvq_warnings INTERFACE
     -Wnull-dereference
     -Wimplicit-fallthrough
     -Wundef)
+
+# kvq_warn_in(SOURCES...): for these alone, in a target where tools write sources that do not keep to the warnings. The
+# headers that all of them share were read without -Wpedantic, which changes what the compiler predefines.
+function(kvq_warn_in)
+    get_target_property(options kvq_warnings INTERFACE_COMPILE_OPTIONS)
+    list(REMOVE_ITEM options -Wpedantic)
+    set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS "${options}" SKIP_UNITY_BUILD_INCLUSION ON)
+endfunction()

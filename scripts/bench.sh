@@ -27,7 +27,7 @@ stripped=$(mktemp)
 trap 'rm -f "$stripped"' EXIT
 strip -o "$stripped" "$library"
 size=$(stat -c %s "$stripped")
-limit=$((144 * 1024)) # as tests/hardening.sh has it
+limit=$((144 * 1024)) # as tests/shipped/hardening.sh has it
 verdict=holds
 ((size <= limit)) || { verdict=EXCEEDED; status=1; }
 printf '%-54s %10d B %5d B  %s\n' "the stripped library" "$size" "$limit" "$verdict"

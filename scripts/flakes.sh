@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Shows whether a test fails without a fault: runs the tests of asan and release again and again on a machine that is made
+# Shows whether a test fails without a fault: runs the tests of asan and qt5 again and again on a machine that is made
 # slow, and prints which test failed how often.
 # usage: scripts/flakes.sh [RUNS]     (5 unless told)
 #
@@ -13,7 +13,7 @@ runs=${1-5}
 [[ $runs =~ ^[1-9][0-9]*$ ]] || { echo "usage: scripts/flakes.sh [RUNS]" >&2; exit 2; }
 need_packages "${build_packages[@]}" "${test_packages[@]}" "${qml_packages[@]}" "${deb_packages[@]}"
 
-presets=(asan release)
+presets=(asan qt5)
 for preset in "${presets[@]}"; do
     echo "== Building ($preset)"
     cmake --preset "$preset" >/dev/null

@@ -8,7 +8,7 @@ source scripts/packages.sh
 
 need_packages "${build_packages[@]}" clang-14 libclang-rt-14-dev
 cmake --preset fuzz >/dev/null
-cmake --build --preset fuzz -- --quiet
+cmake --build --preset fuzz --target platform_fuzzer -- --quiet
 mkdir -p build/fuzz/corpus
 if [[ ${1-} == --short ]]; then
     scratch=$(mktemp -d)
