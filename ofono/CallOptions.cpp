@@ -1,6 +1,7 @@
 // Restrictions, options and lines.
 #include "Card.h"
 #include "Interfaces.h"
+#include "NextCall.h"
 #include "PhoneSettings.h"
 
 #include "Product.h"
@@ -23,17 +24,16 @@ constexpr char toneKey[] = "dtmfToneType";
 constexpr char autoRedialKey[] = "autoRedial";
 constexpr char dropToneKey[] = "callDropTone";
 
-/** The ways to show the own number, as the daemon and the feature database know them. */
+/** The ways to show the own number, as the feature database numbers them. */
 struct CallerId {
     _TAPI_CALL_RESTRICT_ID_E id;
-    const char *text;
-    TAPI_DB_FEATURE_SETTING_T setting; ///< numbered the other way round
+    TAPI_DB_FEATURE_SETTING_T setting;
 };
 
-constexpr std::array<CallerId, 3> callerIds = {{
-    {TAPI_CALL_RESTRICT_ID_NETWORK, "default", 0},
-    {TAPI_CALL_RESTRICT_ID_INVOKE, "enabled", 2},
-    {TAPI_CALL_RESTRICT_ID_SUPPRESS, "disabled", 1},
+constexpr std::array<CallerId, callerIdNames.size()> callerIds = {{
+    {TAPI_CALL_RESTRICT_ID_NETWORK, 0},
+    {TAPI_CALL_RESTRICT_ID_INVOKE, 2},
+    {TAPI_CALL_RESTRICT_ID_SUPPRESS, 1},
 }};
 
 /** The first read of these settings asks the network, the later ones do not. */
@@ -83,7 +83,7 @@ _TAPI_RESULT_E TAPI_FTRDB_GetState(unsigned short featureId, TAPI_DB_FEATURE_SET
         return result;
     const auto text = settings.text("HideCallerId");
     for (const CallerId &callerId : callerIds) {
-        if (text == callerId.text) {
+        if (text == callerIdNames[callerId.id]) {
             *setting = callerId.setting;
             return TAPI_RESULT_SUCC;
         }
@@ -95,7 +95,7 @@ _TAPI_RESULT_E TAPI_CS_SetRestrictId(_TAPI_CALL_RESTRICT_ID_E id)
 {
     for (const CallerId &callerId : callerIds) {
         if (callerId.id == id)
-            return Daemon::instance().setProperty(callSettings, "HideCallerId", callerId.text);
+            return Daemon::instance().setProperty(callSettings, "HideCallerId", callerIdNames[callerId.id]);
     }
     return TAPI_RESULT_INVALID_PARAM;
 }

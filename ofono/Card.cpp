@@ -21,8 +21,12 @@ struct Kind {
     std::uint8_t allTries; ///< what a card gives
 };
 
-constexpr std::array<Kind, 4> kinds = {
-    {{"pin", "puk", 3}, {"pin2", "puk2", 3}, {"puk", nullptr, 10}, {"puk2", nullptr, 10}}};
+constexpr std::array<Kind, 4> kinds = {{
+    {pinKinds[0].pin, pinKinds[0].puk, 3},
+    {pinKinds[1].pin, pinKinds[1].puk, 3},
+    {pinKinds[0].puk, nullptr, 10},
+    {pinKinds[1].puk, nullptr, 10},
+}};
 
 std::size_t indexOf(std::string_view name)
 {

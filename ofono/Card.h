@@ -3,10 +3,20 @@
 
 #include "Daemon.h"
 
+#include <array>
 #include <cstdint>
 #include <string>
 
 namespace Ofono::Card {
+
+/** A PIN, and what opens it when it is blocked, as the daemon names them. */
+struct PinKind {
+    const char *pin;
+    const char *puk;
+};
+
+/** By _TAPI_SECURITY_PIN_TYPE_E; the daemon knows no UPIN. */
+constexpr std::array<PinKind, 2> pinKinds = {{{"pin", "puk"}, {"pin2", "puk2"}}};
 
 /** One card in one modem, from when it was put in until it is pulled. */
 struct Stay {

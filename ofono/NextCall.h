@@ -5,7 +5,12 @@
 
 #include "TAPI_CS.h"
 
+#include <array>
+
 namespace Ofono {
+
+/** The ways to show the own number by _TAPI_CALL_RESTRICT_ID_E, as the daemon names them. */
+constexpr std::array<const char *, 3> callerIdNames = {"default", "enabled", "disabled"};
 
 /** Takes the choice for one call, so that no other program dials with it too. Puts it back unless it was used. */
 class NextCall {

@@ -34,16 +34,10 @@ private:
     std::array<char, sizeof(TAPI_PIN_A) + 1> m_text = {};
 };
 
-struct PinKind {
-    const char *pin;
-    const char *puk;
-};
-
 /** Null for the UPIN, which the daemon does not know. */
-const PinKind *kindOf(_TAPI_SECURITY_PIN_TYPE_E type)
+const Card::PinKind *kindOf(_TAPI_SECURITY_PIN_TYPE_E type)
 {
-    static constexpr std::array<PinKind, 2> kinds = {{{"pin", "puk"}, {"pin2", "puk2"}}};
-    return type < kinds.size() ? &kinds[type] : nullptr;
+    return type < Card::pinKinds.size() ? &Card::pinKinds[type] : nullptr;
 }
 
 _TAPI_RESULT_E withoutKind(_TAPI_SECURITY_PIN_TYPE_E type)
@@ -112,7 +106,7 @@ _TAPI_RESULT_E verifyPin2(const PinText &pin)
 
 _TAPI_RESULT_E TAPI_SECURITY_VerifyPinPassword(_TAPI_SECURITY_PIN_TYPE_E type, TAPI_PIN_A pin)
 {
-    const PinKind *const kind = kindOf(type);
+    const Card::PinKind *const kind = kindOf(type);
     if (!kind)
         return withoutKind(type);
     const PinText text(pin);
@@ -122,7 +116,7 @@ _TAPI_RESULT_E TAPI_SECURITY_VerifyPinPassword(_TAPI_SECURITY_PIN_TYPE_E type, T
 _TAPI_RESULT_E TAPI_SECURITY_ChangePinPassword(_TAPI_SECURITY_PIN_TYPE_E type, TAPI_PIN_A oldPin,
                                                TAPI_PIN_A newPin)
 {
-    const PinKind *const kind = kindOf(type);
+    const Card::PinKind *const kind = kindOf(type);
     if (!kind)
         return withoutKind(type);
     const PinText oldText(oldPin);
@@ -143,7 +137,7 @@ _TAPI_RESULT_E TAPI_SECURITY_ChangePinPassword(_TAPI_SECURITY_PIN_TYPE_E type, T
 _TAPI_RESULT_E TAPI_SECURITY_UnblockPinPassword(_TAPI_SECURITY_PIN_TYPE_E type, TAPI_PIN_A puk,
                                                 TAPI_PIN_A newPin)
 {
-    const PinKind *const kind = kindOf(type);
+    const Card::PinKind *const kind = kindOf(type);
     if (!kind)
         return withoutKind(type);
     const PinText pukText(puk);
@@ -201,7 +195,7 @@ _TAPI_RESULT_E TAPI_SECURITY_GetPin1Status(unsigned char, unsigned char *status)
 _TAPI_RESULT_E TAPI_SECURITY_GetAnyPinStatus(_TAPI_SECURITY_PIN_TYPE_E type,
                                              _TAPI_SECURITY_PIN_STATUS_E *status)
 {
-    const PinKind *const kind = kindOf(type);
+    const Card::PinKind *const kind = kindOf(type);
     if (!kind)
         return withoutKind(type);
     Properties card;

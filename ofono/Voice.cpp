@@ -28,9 +28,6 @@ constexpr std::chrono::milliseconds pauseBetweenTones(120);
 
 constexpr int stringsInUcs2 = 0x48;
 
-/** What the daemon calls the three ways to show the own number, by _TAPI_CALL_RESTRICT_ID_E. */
-constexpr std::array<const char *, 3> callerIdChoices = {"default", "enabled", "disabled"};
-
 /** What is done when a request has timed out and is carried out later. */
 using Afterwards = std::function<void(LeftRequest &)>;
 
@@ -150,7 +147,7 @@ _TAPI_RESULT_E dial(const unsigned char *dialString, _TAPI_CALL_RESTRICT_ID_E ca
     if (answers != TAPI_RESULT_SUCC) // a daemon that stands still would place the call when it goes on
         return answers;
     Answer answer;
-    const char *const hide = callerIdChoices[callerId];
+    const char *const hide = callerIdNames[callerId];
     const _TAPI_RESULT_E result = Daemon::instance().request({voiceCallManager,
                                                               "Dial",
                                                               {Value(number.c_str()), Value(hide)},
@@ -247,7 +244,7 @@ std::string serviceString(const _TAPI_USSD_REQ_APP_MSG_S &request)
  */
 _TAPI_RESULT_E TAPI_VOICE_MakeCall(signed char option, unsigned char *dialString, unsigned char *callId)
 {
-    if (option < 0 || option >= static_cast<int>(callerIdChoices.size()))
+    if (option < 0 || option >= static_cast<int>(callerIdNames.size()))
         return TAPI_RESULT_INVALID_PARAM;
     return dial(dialString, static_cast<_TAPI_CALL_RESTRICT_ID_E>(option), callId);
 }
