@@ -64,7 +64,9 @@ CallCosts::CallCosts(QObject *parent)
 bool CallCosts::isLimited() const
 {
     const QString maximum = m_maximum->value();
-    return !maximum.isEmpty() && !maximum.startsWith(QLatin1Char('0'));
+    bool isNumber = false;
+    const bool isZero = maximum.toDouble(&isNumber) == 0 && isNumber; // the engine takes 0.50 for none, too
+    return !maximum.isEmpty() && !isZero;
 }
 
 void CallCosts::removeMaximum()

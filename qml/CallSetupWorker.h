@@ -89,6 +89,7 @@ public:
 
     /** In a request of several steps, between two of them: carries out the call control that waits. */
     void letCallControlPass();
+
     /** Requests that wait or run. */
     int requestsInFlight() const;
 

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "SingleInstance.h"
-#include <QObject>
 
+#include <QObject>
 #include <QQmlApplicationEngine>
 #include <QQuickWindow>
 #include <QSize>

@@ -293,6 +293,9 @@ TestCase {
         tryCompare(costs.maximum, "busy", false, hang)
         compare(limited, false)
         compare(desk.calls("TAPI_CS_GetRemainCredit").length, 1) // what is left follows the limit
+        costs.maximum.value = "0.50"
+        tryCompare(costs.maximum, "busy", false, hang)
+        compare(limited, true)
         desk.answer("TAPI_CS_SetPriceUnit", 0x8000, 1)
         costs.price.setPrice("0.50", "CHF")
         compare(costs.price.currency, "CHF")
