@@ -1,7 +1,7 @@
 // The call table and what can be done to calls.
 #pragma once
 
-#include "Subject.h"
+#include "Rows.h"
 
 #include "PHONE_ENG_WrapTapi.h"
 

@@ -1,7 +1,7 @@
 // Network selection: how the modem looks for networks, and those that it found.
 #pragma once
 
-#include "Subject.h"
+#include "Rows.h"
 
 #include <QTimer>
 

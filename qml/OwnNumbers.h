@@ -1,7 +1,7 @@
 // The subscriber's own numbers on the SIM.
 #pragma once
 
-#include "Subject.h"
+#include "Rows.h"
 
 namespace Kvq {
 

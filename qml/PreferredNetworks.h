@@ -1,7 +1,7 @@
 // The networks that the modem tries first, in the order of the SIM's list.
 #pragma once
 
-#include "Subject.h"
+#include "Rows.h"
 
 namespace Kvq {
 

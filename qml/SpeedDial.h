@@ -1,7 +1,7 @@
 // The nine speed-dial slots.
 #pragma once
 
-#include "Subject.h"
+#include "Rows.h"
 
 #include <QStringList>
 

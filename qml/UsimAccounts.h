@@ -1,7 +1,7 @@
 // The USIM applications of the card.
 #pragma once
 
-#include "Subject.h"
+#include "Rows.h"
 
 namespace Kvq {
 
