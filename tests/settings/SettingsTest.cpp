@@ -92,8 +92,10 @@ bool SettingsTest::tap(const QString &name)
 bool SettingsTest::isDrawn() const
 {
     QSignalSpy frames(&window(), &QQuickWindow::frameSwapped);
-    window().requestUpdate();
-    return waitFor([&] { return frames.count() > 0; });
+    return waitFor([&] {
+        window().requestUpdate(); // one that comes while a frame is drawn is part of that one
+        return frames.count() > 0;
+    });
 }
 
 void SettingsTest::visit(QQuickItem *item, const std::function<void(QQuickItem &)> &tell)
