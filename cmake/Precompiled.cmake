@@ -21,4 +21,5 @@ function(kvq_precompile target kind)
         endif()
     endif()
     target_precompile_headers(${target} REUSE_FROM ${owner})
+    target_compile_options(${target} PRIVATE -fPIC) # programs too: headers are read for one or for the other
 endfunction()
