@@ -62,6 +62,7 @@ Rectangle {
                             verticalAlignment: Text.AlignVCenter
                             color: "white"
                             text: modelData.name
+                            textFormat: Text.PlainText
                             TapHandler { onTapped: parent.modelData.act() }
                         }
                     }
